@@ -1,0 +1,7 @@
+#include "layout/ReportLayout.h"
+
+namespace bravcpl5 {
+
+ReportLayout::ReportLayout(QObject *parent) : Service(parent) {}
+
+} // namespace bravcpl5

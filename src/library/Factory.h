@@ -1,0 +1,17 @@
+#pragma once
+
+// Creates the published classes by programmatic identifier, for automation clients that
+// know only names ("bravcpl5.Library", "bravcpl5.PrinterConfigurations",
+// "bravcpl5.ReportLayout", "bravcpl5.ReportConfiguration"). The caller owns the object.
+
+#include <QObject>
+#include <QString>
+
+namespace bravcpl5 {
+
+// Null for any other identifier.
+QObject *CreateObject(const QString &progId);
+
+} // namespace bravcpl5
+
+extern "C" __attribute__((visibility("default"))) QObject *bravcpl5_CreateObject(const char *progId);

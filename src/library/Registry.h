@@ -1,0 +1,37 @@
+#pragma once
+
+// The per-user registry: which printer each configuration prints to, and where dialogs
+// were last placed. On Windows this is the real HKEY_CURRENT_USER; elsewhere an INI file
+// that mirrors it, in the user's configuration folder unless a host (or a test) names
+// another file with SetRegistryFile.
+
+#include <QString>
+
+class QObject;
+
+namespace bravcpl5 {
+
+inline constexpr unsigned HKEY_CURRENT_USER_HANDLE = 0x80000001u;
+
+// "<1>" is filled in by the host's Options.FixSettingsKey.
+inline constexpr auto PrinterConfigurationsKeyTemplate =
+    "Software\\Tarnwell\\Lumarest\\5.0\\Settings (<1>)\\Printer Configurations";
+// Used exactly as it stands, trailing backslash included.
+inline constexpr auto WindowPositionsKey = "Software\\Tarnwell\\Lumarest\\5.0\\Window Positions\\";
+
+// The value's string data, or `defaultValue` when the hive is not HKEY_CURRENT_USER or
+// the key or value is missing.
+QString GetRegValue(unsigned hive, const QString &key, const QString &valueName,
+                    const QString &defaultValue);
+// Creates the key when needed and writes the string value; false when it could not.
+bool SetRegValue(unsigned hive, const QString &key, const QString &valueName,
+                 const QString &data);
+
+// The file that stands in for the registry off Windows; an empty path restores the default.
+void SetRegistryFile(const QString &path);
+QString RegistryFile();
+
+// The printer-configurations key with the host's settings profile filled in.
+QString PrinterConfigurationsKey(QObject *host);
+
+} // namespace bravcpl5

@@ -1,0 +1,16 @@
+#include "library/Service.h"
+
+#include "library/Library.h"
+
+namespace bravcpl5 {
+
+Service::Service(QObject *parent) : QObject(parent) {}
+
+Library *Service::owner() const { return m_owner.data(); }
+QObject *Service::ownerObject() const { return m_owner.data(); }
+QObject *Service::host() const { return m_owner ? m_owner->sharedCodeLibrary() : nullptr; }
+
+void Service::setOwner(Library *owner) { m_owner = owner; }
+void Service::clearOwner() { m_owner.clear(); }
+
+} // namespace bravcpl5

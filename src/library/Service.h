@@ -1,0 +1,37 @@
+#pragma once
+
+// Base of the library's two services (PrinterConfigurations, ReportLayout). A service
+// keeps a back reference to the Library that created it, published read-only as `Owner`;
+// only the Library sets and clears it. Services never keep the host object: they reach it
+// through Owner.SharedCodeLibrary each time, so PreTerminate cuts them off from it.
+
+#include <QObject>
+#include <QPointer>
+
+namespace bravcpl5 {
+
+class Library;
+
+class Service : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(QObject *Owner READ ownerObject)
+
+public:
+    Library *owner() const;
+    QObject *ownerObject() const;
+    // Owner.SharedCodeLibrary, or null when there is no owner or no host.
+    QObject *host() const;
+
+protected:
+    explicit Service(QObject *parent = nullptr);
+
+private:
+    friend class Library;
+    void setOwner(Library *owner);
+    void clearOwner();
+
+    QPointer<Library> m_owner;
+};
+
+} // namespace bravcpl5

@@ -1,0 +1,57 @@
+#pragma once
+
+// Access to the library's settings documents. Every document is created, loaded, queried
+// and escaped through these operations so that all of them behave the same:
+// - reads go by XPath relative to the node given, and take an explicit default that is
+//   returned whenever the node, the value or its conversion is missing or bad (an element
+//   that is present but empty reads as the default, never as "");
+// - writes go by direct child name and touch only the first child of that name;
+// - element text never holds raw line breaks: CR is stored as "&#13;" and LF as "&#10;"
+//   (literal text, so the saved file shows "&amp;#13;"); attributes are stored as given;
+// - nothing throws: a failed create or load gives a null document, a failed write stops
+//   where it is, and the reason of the last parse failure is in LastXmlError().
+
+#include <QString>
+#include <cstdint>
+#include <memory>
+#include <pugixml.hpp>
+
+namespace bravcpl5 {
+
+using XmlDocumentPtr = std::unique_ptr<pugi::xml_document>;
+
+// A new document holding the declaration <?xml version="1.0"?> and an empty root element.
+XmlDocumentPtr CreateXmlDocument(const QString &rootName);
+// Null when the file is missing, empty, larger than a settings file can be, or not XML.
+XmlDocumentPtr LoadXmlFile(const QString &path);
+XmlDocumentPtr LoadXmlText(const QString &text);
+QString LastXmlError();
+
+pugi::xml_node FindChildNode(pugi::xml_node parent, const QString &name);
+pugi::xml_node AppendChildElement(const QString &name, pugi::xml_node parent);
+pugi::xml_node GetChildNode(const QString &name, pugi::xml_node parent, bool create);
+
+QString GetXmlValue(const QString &xpath, pugi::xml_node node, const QString &defaultValue);
+std::int16_t GetXmlInteger(const QString &xpath, pugi::xml_node node, std::int16_t defaultValue);
+float GetXmlSingle(const QString &xpath, pugi::xml_node node, float defaultValue);
+
+void SetXmlValue(const QString &name, const QString &value, pugi::xml_node parent);
+void SetXmlInteger(const QString &name, std::int16_t value, pugi::xml_node parent);
+void SetXmlSingle(const QString &name, float value, pugi::xml_node parent);
+
+QString GetXmlAttribute(pugi::xml_node node, const QString &name, const QString &defaultValue);
+void SetXmlAttribute(pugi::xml_node node, const QString &name, const QString &value);
+
+QString EscapeXmlText(const QString &text);
+QString UnescapeXmlText(const QString &text);
+
+// The first node that the XPath selects from `node`; empty when none or the XPath is bad.
+pugi::xpath_node SelectSingleNode(pugi::xml_node node, const QString &xpath);
+// The text of a selected node: an attribute's value, or all text inside an element.
+QString NodeText(const pugi::xpath_node &node);
+
+// Saves atomically: the file is written beside the target and moved over it only when
+// complete, so a failed save returns false and leaves the previous file whole.
+bool SaveXmlDocument(const pugi::xml_document &document, const QString &path);
+
+} // namespace bravcpl5

@@ -1,0 +1,7 @@
+#include "printing/PrinterConfigurations.h"
+
+namespace bravcpl5 {
+
+PrinterConfigurations::PrinterConfigurations(QObject *parent) : Service(parent) {}
+
+} // namespace bravcpl5

@@ -1,0 +1,31 @@
+#include "printing/PrinterInfo.h"
+
+namespace bravcpl5 {
+
+namespace {
+std::unique_ptr<PrinterInfo> &instance()
+{
+    static std::unique_ptr<PrinterInfo> info;
+    return info;
+}
+} // namespace
+
+PrinterInfo &CurrentPrinterInfo()
+{
+    if (!instance())
+        instance() = CreateSystemPrinterInfo();
+    return *instance();
+}
+
+void SetPrinterInfo(std::unique_ptr<PrinterInfo> info) { instance() = std::move(info); }
+
+QString FindPrinter(const PrinterInfo &info, const QString &name)
+{
+    for (const QString &printer : info.printerNames()) {
+        if (printer.compare(name, Qt::CaseInsensitive) == 0)
+            return printer;
+    }
+    return QString();
+}
+
+} // namespace bravcpl5

@@ -1,0 +1,57 @@
+#pragma once
+
+// What the library needs to know about this workstation's printers: which are installed,
+// which is the default, and for each printer its paper sizes and paper bins with the
+// codes that printer configuration files store (Windows paper and bin codes, so that a
+// file written on one system reads the same on another).
+//
+// The process holds one PrinterInfo. By default it reads the system's printers (Qt for
+// printers and sizes, CUPS for bins); tests install a fake with SetPrinterInfo.
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+#include <memory>
+
+namespace bravcpl5 {
+
+struct PaperSizeInfo {
+    QString name;        // display name, as a user knows it ("Letter", "A4", "Label 4 x 6")
+    int code = 0;        // Windows paper code; 256 and up for the printer's own sizes
+    int widthTwips = 0;  // portrait width
+    int heightTwips = 0; // portrait height
+};
+
+struct PaperBinInfo {
+    QString name; // display name ("Upper", "Manual Feed")
+    int code = 0; // Windows bin code; 256 and up for bins without a standard code
+};
+
+class PrinterInfo
+{
+public:
+    virtual ~PrinterInfo() = default;
+
+    // Installed printers, in the system's order.
+    virtual QStringList printerNames() const = 0;
+    // The default printer's name, or "" when none is set.
+    virtual QString defaultPrinterName() const = 0;
+    // Empty lists for a printer that is not installed.
+    virtual QList<PaperSizeInfo> paperSizes(const QString &printer) const = 0;
+    virtual QList<PaperBinInfo> paperBins(const QString &printer) const = 0;
+    // The printer's current (default) paper size and bin codes; 0 when unknown.
+    virtual int currentPaperSize(const QString &printer) const = 0;
+    virtual int currentPaperBin(const QString &printer) const = 0;
+};
+
+// The process's printer information.
+PrinterInfo &CurrentPrinterInfo();
+// Replaces it (tests); null restores the system's.
+void SetPrinterInfo(std::unique_ptr<PrinterInfo> info);
+// The system's printers, as CurrentPrinterInfo() gives them by default.
+std::unique_ptr<PrinterInfo> CreateSystemPrinterInfo();
+
+// The installed printer whose name equals `name` without regard to case, or "".
+QString FindPrinter(const PrinterInfo &info, const QString &name);
+
+} // namespace bravcpl5
