@@ -87,7 +87,7 @@ Image borderImage(const BorderPreset &preset)
 {
     Image image(white);
     constexpr int lo = 2;
-    constexpr int hi = 13;
+    constexpr int hi = 14; // an odd number of pixels, so the dots meet at every corner
     for (int i = lo; i <= hi; i += 2) {
         image.set(i, lo, gray50);
         image.set(i, hi, gray50);
