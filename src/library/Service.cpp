@@ -10,7 +10,16 @@ Library *Service::owner() const { return m_owner.data(); }
 QObject *Service::ownerObject() const { return m_owner.data(); }
 QObject *Service::host() const { return m_owner ? m_owner->sharedCodeLibrary() : nullptr; }
 
-void Service::setOwner(Library *owner) { m_owner = owner; }
-void Service::clearOwner() { m_owner.clear(); }
+void Service::setOwner(Library *owner)
+{
+    m_owner = owner;
+    ownerAttached();
+}
+
+void Service::clearOwner()
+{
+    ownerReleasing();
+    m_owner.clear();
+}
 
 } // namespace bravcpl5

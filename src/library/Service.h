@@ -25,6 +25,10 @@ public:
 
 protected:
     explicit Service(QObject *parent = nullptr);
+    // Called right after the Library has set the owner, and just before it clears it,
+    // for services that keep state tied to their owner.
+    virtual void ownerAttached() {}
+    virtual void ownerReleasing() {}
 
 private:
     friend class Library;

@@ -1,0 +1,380 @@
+#include "SampleReport.h"
+
+#include "ConfigurationPage.h"
+#include "SampleProducts.h"
+
+#include "layout/GeneralReportLayout.h"
+#include "layout/ReportField.h"
+#include "layout/ReportLabel.h"
+#include "library/LateBinding.h"
+#include "library/ValueRules.h"
+#include "library/Xml.h"
+
+#include <QDateTime>
+#include <QLocale>
+#include <QPainter>
+#include <QPdfWriter>
+#include <memory>
+#include <vector>
+
+namespace {
+
+using namespace bravcpl5;
+
+constexpr qint16 generalReport = 1;
+
+// The font types of a general report.
+enum FontType : qint16 {
+    CompanyName = 1, Title, Subtitle, FieldHeading, DataField, PrintDate, PrintTime, ExtraLine,
+    PageNumber, GroupHeaderHeading, GroupHeaderDataField, GroupFooterHeading, GroupFooterDataField,
+};
+
+// Picker codes the report uses (the host's pickers pass the same).
+constexpr qint16 notBold = 1, bold = 2;
+constexpr qint16 alignLeft = 0, alignRight = 1;
+constexpr qint16 presetBottom = 2, presetDoubleBottom = 3, presetTopBottom = 4, presetThickTop = 13;
+constexpr qint32 gray25 = 0xC0C0C0, paleGray = 0xF0F0F0, darkRed = 0x000080;
+
+constexpr double twipsPerInch = 1440;
+// Room between the text and the lines of a row with borders above and below.
+constexpr double ruledRowPadding = twipsPerInch / 24;
+
+// One line of a band: its controls side by side, as high as its tallest font.
+struct Row {
+    double height = 0;
+    std::vector<ReportControl *> controls;
+    bool keepWithNext = false;
+};
+
+// Makes the report's controls and formats them through the library, late-bound as a
+// host does.
+class ControlMaker
+{
+public:
+    explicit ControlMaker(QObject *reportLayout) : m_layout(reportLayout) {}
+
+    ReportLabel *label(Row &row, const QString &caption, qint16 fontType, double left, double width,
+                       qint16 alignment = alignLeft)
+    {
+        auto *control = new ReportLabel(&m_controls);
+        control->setProperty("Caption", caption);
+        place(row, control, fontType, left, width, alignment);
+        return control;
+    }
+
+    ReportField *field(Row &row, const QString &dataField, const QString &text, qint16 fontType, double left,
+                       double width, qint16 alignment = alignLeft)
+    {
+        auto *control = new ReportField(&m_controls);
+        control->setProperty("DataField", dataField);
+        control->setProperty("Text", text);
+        place(row, control, fontType, left, width, alignment);
+        return control;
+    }
+
+    void format(QObject *control, const char *member, const QVariant &code)
+    {
+        late::call(m_layout, member, {QVariant::fromValue(control), code});
+    }
+
+private:
+    void place(Row &row, ReportControl *control, qint16 fontType, double left, double width, qint16 alignment)
+    {
+        format(control, "ApplyAlignmentToControl", alignment);
+        late::call(m_layout, "ApplyFontSettingsToControl", {QVariant::fromValue<QObject *>(control), generalReport, fontType});
+        control->setTwipsRect(QRectF(left, 0, width, 0));
+        row.height = qMax(row.height, late::value(m_layout, "GetFontHeight", {generalReport, fontType}).toDouble());
+        row.controls.push_back(control);
+    }
+
+    QObject *m_layout;
+    QObject m_controls; // owns every control of the report
+};
+
+double heightOf(const std::vector<Row> &rows)
+{
+    double height = 0;
+    for (const Row &row : rows)
+        height += row.height;
+    return height;
+}
+
+Row spacer(double twips)
+{
+    Row row;
+    row.height = twips;
+    return row;
+}
+
+QString money(double value) { return QLocale(QLocale::English, QLocale::UnitedStates).toString(value, 'f', 2); }
+
+struct Columns {
+    double product, manufacturer, vendor, price, width;
+    explicit Columns(double w)
+        : product(0), manufacturer(w * 0.34), vendor(w * 0.56), price(w * 0.84), width(w) {}
+};
+
+class SampleReport
+{
+public:
+    SampleReport(QObject *reportLayout, const GeneralReportLayout &layout, double width)
+        : m_make(reportLayout), m_layout(layout), m_columns(width)
+    {
+        buildHeader(QDateTime::currentDateTime());
+        buildColumnHeadings();
+        buildBody();
+        buildFooter();
+    }
+
+    // Splits the body into pages of `contentHeight` twips: the header on the first page
+    // (or all), the column headings on every page, the footer on the first page (or all).
+    void paginate(double contentHeight)
+    {
+        m_contentHeight = contentHeight;
+        m_pages.assign(1, {});
+        double used = 0;
+        for (std::size_t i = 0; i < m_body.size(); ++i) {
+            double needed = m_body[i].height;
+            if (m_body[i].keepWithNext && i + 1 < m_body.size())
+                needed += m_body[i + 1].height;
+            if (used + needed > available(m_pages.size() - 1) && !m_pages.back().empty()) {
+                m_pages.emplace_back();
+                used = 0;
+            }
+            m_pages.back().push_back(i);
+            used += m_body[i].height;
+        }
+    }
+
+    int pageCount() const { return int(m_pages.size()); }
+
+    void drawPage(QPainter &painter, int index)
+    {
+        double y = 0;
+        if (headerOn(index))
+            y = drawRows(painter, m_header, y);
+        y = drawRows(painter, m_columnHeadings, y);
+        for (std::size_t i : m_pages[std::size_t(index)])
+            y = drawRow(painter, m_body[i], y);
+        if (footerOn(index)) {
+            if (m_pageNumber)
+                m_pageNumber->setProperty("Caption", FormatPageNumber(m_layout.pageNumber.format, index + 1, pageCount()));
+            drawRows(painter, m_footer, m_contentHeight - heightOf(m_footer));
+        }
+    }
+
+private:
+    bool headerOn(std::size_t page) const { return page == 0 || m_layout.headerOnAllPages; }
+    bool footerOn(std::size_t page) const { return page == 0 || m_layout.footerOnAllPages; }
+
+    double available(std::size_t page) const
+    {
+        return m_contentHeight - (headerOn(page) ? heightOf(m_header) : 0) - heightOf(m_columnHeadings)
+               - (footerOn(page) ? heightOf(m_footer) : 0);
+    }
+
+    static double drawRow(QPainter &painter, const Row &row, double y)
+    {
+        for (const ReportControl *control : row.controls) {
+            const QRectF at = control->twipsRect();
+            control->draw(painter, QRectF(at.left(), y, at.width(), row.height));
+        }
+        return y + row.height;
+    }
+
+    static double drawRows(QPainter &painter, const std::vector<Row> &rows, double y)
+    {
+        for (const Row &row : rows)
+            y = drawRow(painter, row, y);
+        return y;
+    }
+
+    // One full-width furniture line; null when the layout does not show the item.
+    ReportLabel *furniture(const LayoutItem &item, const QString &text, FontType type, qint16 alignment,
+                           std::vector<Row> &rows)
+    {
+        if (!item.show)
+            return nullptr;
+        Row row;
+        ReportLabel *control = m_make.label(row, text, type, 0, m_columns.width, alignment);
+        rows.push_back(row);
+        return control;
+    }
+
+    void buildHeader(const QDateTime &now)
+    {
+        const GeneralReportLayout &l = m_layout;
+        furniture(l.company, l.company.label, CompanyName, l.company.alignment, m_header);
+        furniture(l.title, QStringLiteral("Product List"), Title, l.title.alignment, m_header);
+        furniture(l.subTitle, QStringLiteral("All Products by Product Type"), Subtitle, l.subTitle.alignment, m_header);
+        // The description has no font type of its own: the subtitle's, not bold.
+        if (ReportLabel *description = furniture(l.description, QStringLiteral("Every product on file with its manufacturer, vendor and list price."),
+                                                 Subtitle, l.description.alignment, m_header))
+            m_make.format(description, "ApplyTextFormatSettingsToControl", notBold);
+        // The print time has no alignment of its own; it goes with the date.
+        furniture(l.printDate, FormatPrintDate(l.printDate.format, now.date()), PrintDate, l.printDate.alignment, m_header);
+        furniture(l.printTime, FormatPrintTime(l.printTime.format, now.time()), PrintTime, l.printDate.alignment, m_header);
+        if (!m_header.empty())
+            m_header.push_back(spacer(twipsPerInch / 6));
+    }
+
+    void buildColumnHeadings()
+    {
+        Row row;
+        const Columns &c = m_columns;
+        for (ReportControl *heading :
+             {static_cast<ReportControl *>(m_make.label(row, QStringLiteral("Product"), FieldHeading, c.product, c.manufacturer - c.product)),
+              static_cast<ReportControl *>(m_make.label(row, QStringLiteral("Manufacturer"), FieldHeading, c.manufacturer, c.vendor - c.manufacturer)),
+              static_cast<ReportControl *>(m_make.label(row, QStringLiteral("Vendor"), FieldHeading, c.vendor, c.price - c.vendor)),
+              static_cast<ReportControl *>(m_make.label(row, QStringLiteral("List Price"), FieldHeading, c.price, c.width - c.price, alignRight))}) {
+            m_make.format(heading, "ApplyBackColorSettingsToControl", gray25);
+            m_make.format(heading, "ApplyBorderToControl", presetBottom);
+        }
+        m_columnHeadings.push_back(row);
+        m_columnHeadings.push_back(spacer(twipsPerInch / 24));
+    }
+
+    void buildBody()
+    {
+        const Columns &c = m_columns;
+        const QList<SampleProduct> products = SampleProducts();
+        double total = 0;
+        for (qsizetype first = 0; first < products.size();) {
+            const QString type = products[first].productType;
+            Row header;
+            header.keepWithNext = true;
+            for (ReportControl *control :
+                 {static_cast<ReportControl *>(m_make.label(header, QStringLiteral("Product Type:"), GroupHeaderHeading, 0, c.manufacturer)),
+                  static_cast<ReportControl *>(m_make.field(header, QStringLiteral("ProductType"), type, GroupHeaderDataField, c.manufacturer, c.width - c.manufacturer))})
+                m_make.format(control, "ApplyBackColorSettingsToControl", paleGray);
+            m_body.push_back(header);
+
+            double sum = 0;
+            qsizetype next = first;
+            for (; next < products.size() && products[next].productType == type; ++next) {
+                const SampleProduct &p = products[next];
+                Row row;
+                m_make.field(row, QStringLiteral("Product"), p.product, DataField, c.product, c.manufacturer - c.product);
+                m_make.field(row, QStringLiteral("Manufacturer"), p.manufacturer, DataField, c.manufacturer, c.vendor - c.manufacturer);
+                m_make.field(row, QStringLiteral("VendorName"), p.vendor, DataField, c.vendor, c.price - c.vendor);
+                ReportField *price = m_make.field(row, QStringLiteral("ListPrice"), money(p.listPrice), DataField, c.price,
+                                                  c.width - c.price, alignRight);
+                if (p.listPrice >= 1000)
+                    m_make.format(price, "ApplyTextColorSettingsToControl", darkRed);
+                m_body.push_back(row);
+                sum += p.listPrice;
+            }
+
+            Row footer;
+            m_make.label(footer, QStringLiteral("%1 products").arg(next - first), GroupFooterHeading, c.product, c.vendor);
+            m_make.label(footer, QStringLiteral("Group total"), GroupFooterHeading, c.vendor, c.price - c.vendor, alignRight);
+            ReportField *groupSum = m_make.field(footer, QStringLiteral("Sum(ListPrice)"), money(sum), GroupFooterDataField,
+                                                 c.price, c.width - c.price, alignRight);
+            m_make.format(groupSum, "ApplyBorderToControl", presetTopBottom);
+            footer.height += ruledRowPadding;
+            m_body.push_back(footer);
+            m_body.push_back(spacer(twipsPerInch / 8));
+            total += sum;
+            first = next;
+        }
+
+        Row grand;
+        m_make.label(grand, QStringLiteral("%1 products in all").arg(products.size()), GroupFooterHeading, c.product, c.vendor);
+        m_make.label(grand, QStringLiteral("Total"), GroupFooterHeading, c.vendor, c.price - c.vendor, alignRight);
+        ReportField *grandSum = m_make.field(grand, QStringLiteral("Sum(ListPrice)"), money(total), GroupFooterDataField,
+                                             c.price, c.width - c.price, alignRight);
+        // Presets accumulate: a thick line above, a double line below.
+        m_make.format(grandSum, "ApplyBorderToControl", presetThickTop);
+        m_make.format(grandSum, "ApplyBorderToControl", presetDoubleBottom);
+        m_make.format(grandSum, "ApplyTextFormatSettingsToControl", bold);
+        grand.height += 2 * ruledRowPadding;
+        m_body.push_back(grand);
+    }
+
+    void buildFooter()
+    {
+        const GeneralReportLayout &l = m_layout;
+        if (l.extraLine.show || l.pageNumber.show)
+            m_footer.push_back(spacer(twipsPerInch / 12));
+        furniture(l.extraLine, l.extraLine.label, ExtraLine, l.extraLine.alignment, m_footer);
+        if (l.pageNumber.show) {
+            Row row;
+            m_pageNumber = m_make.label(row, QString(), PageNumber, 0, m_columns.width, l.pageNumber.alignment);
+            m_footer.push_back(row);
+        }
+    }
+
+    ControlMaker m_make;
+    const GeneralReportLayout &m_layout;
+    Columns m_columns;
+    std::vector<Row> m_header, m_columnHeadings, m_body, m_footer;
+    ReportLabel *m_pageNumber = nullptr;
+    double m_contentHeight = 0;
+    std::vector<std::vector<std::size_t>> m_pages;
+};
+
+} // namespace
+
+QString FormatPageNumber(const QString &format, int page, int pageCount)
+{
+    QString text = format.isEmpty() ? QStringLiteral("Page nnn of mmm") : format;
+    text.replace(QLatin1String("nnnn"), QString::number(page));
+    text.replace(QLatin1String("nnn"), QString::number(page));
+    return text.replace(QLatin1String("mmm"), QString::number(pageCount));
+}
+
+QString FormatPrintDate(const QString &format, const QDate &date)
+{
+    if (format.isEmpty() || format == QLatin1String("Short Date"))
+        return values::toShortDate(date);
+    if (format == QLatin1String("Long Date"))
+        return QLocale().toString(date, QLocale::LongFormat);
+    return date.toString(format);
+}
+
+QString FormatPrintTime(const QString &format, const QTime &time)
+{
+    if (format.isEmpty() || format == QLatin1String("Short Time"))
+        return time.toString(QStringLiteral("HH:mm"));
+    if (format == QLatin1String("Long Time"))
+        return QLocale().toString(time, QLocale::LongFormat);
+    QString pattern = format;
+    return time.toString(pattern.replace(QLatin1String("AM/PM"), QLatin1String("AP")));
+}
+
+SampleReportOutcome PrintSampleReport(QObject *library, const QString &pdfFile)
+{
+    SampleReportOutcome outcome;
+    QObject *reportLayout = late::object(library, "ReportLayout");
+    if (!reportLayout)
+        return outcome;
+
+    // The host reads the layout document itself; without one it keeps its built-in furniture.
+    GeneralReportLayout layout;
+    if (const XmlDocumentPtr document = LoadXmlText(late::text(reportLayout, "LoadGeneralReportLayout")))
+        layout.read(*document);
+    if (layout.useOwnPrinterConfiguration)
+        outcome.printerConfiguration = layout.printerConfiguration;
+
+    QPdfWriter writer(pdfFile);
+    writer.setResolution(int(twipsPerInch)); // device units are twips
+    writer.setTitle(QStringLiteral("Product List"));
+    writer.setCreator(QStringLiteral("bravcpl5 Sample Host"));
+    writer.setPageLayout(PageLayoutFromConfiguration(late::object(library, "SharedCodeLibrary"),
+                                                     outcome.printerConfiguration));
+    const QRectF content = writer.pageLayout().paintRectPixels(writer.resolution());
+
+    SampleReport report(reportLayout, layout, content.width());
+    report.paginate(content.height());
+    QPainter painter;
+    if (!painter.begin(&writer))
+        return outcome;
+    for (int page = 0; page < report.pageCount(); ++page) {
+        if (page > 0)
+            writer.newPage();
+        report.drawPage(painter, page);
+    }
+    outcome.written = painter.end();
+    outcome.pages = report.pageCount();
+    return outcome;
+}

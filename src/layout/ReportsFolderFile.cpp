@@ -1,0 +1,35 @@
+#include "layout/ReportsFolderFile.h"
+
+#include "library/HostContract.h"
+
+#include <QFileInfo>
+
+namespace bravcpl5 {
+
+QString PathInFolder(const QString &folder, const QString &fileName)
+{
+    if (folder.endsWith(u'/') || folder.endsWith(u'\\'))
+        return folder + fileName;
+    return folder + u'/' + fileName;
+}
+
+bool FileExists(const QString &path) { return !path.isEmpty() && QFileInfo(path).isFile(); }
+
+QString ResolveReportsFile(QObject *host, const QString &fileName, bool forceUser)
+{
+    const QString userFolder = host::userFileLocation(host);
+    if (!userFolder.isEmpty()) {
+        const QString candidate = PathInFolder(userFolder, fileName);
+        if (forceUser || FileExists(candidate))
+            return candidate;
+    }
+    const QString systemFolder = host::systemFileLocation(host);
+    if (!systemFolder.isEmpty()) {
+        const QString candidate = PathInFolder(systemFolder, fileName);
+        if (FileExists(candidate))
+            return candidate;
+    }
+    return QString();
+}
+
+} // namespace bravcpl5
