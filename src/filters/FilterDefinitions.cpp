@@ -91,7 +91,7 @@ QString GetFilterDescription(const QString &name, const QString &description)
 {
     if (description.compare(QLatin1String("standard"), Qt::CaseInsensitive) != 0)
         return description;
-    // The built-in descriptions; "active" has a placeholder text that hosts rely on.
+    // The built-in descriptions: one entry, with the text it has always had.
     if (name.compare(QLatin1String("active"), Qt::CaseInsensitive) == 0)
         return QStringLiteral("asdf");
     return QString();

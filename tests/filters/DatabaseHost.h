@@ -3,6 +3,7 @@
 // A test host whose Common and BRAVSQL answer from a real SQLite database (the sample
 // host's own database code) in the host's temporary folder.
 
+#include "filters/FilterDefinitions.h"
 #include "support/TestHost.h"
 
 #include "database/HostBravSql.h"
@@ -51,5 +52,14 @@ private:
     std::unique_ptr<HostCommon> m_common;
     std::unique_ptr<HostBravSql> m_bravSql;
 };
+
+// The captions of a value list, to compare with a query's column.
+inline QStringList captions(const QList<FilterChoice> &choices)
+{
+    QStringList list;
+    for (const FilterChoice &choice : choices)
+        list.append(choice.caption);
+    return list;
+}
 
 } // namespace bravcpl5::test

@@ -16,14 +16,7 @@ namespace bravcpl5 {
 namespace {
 
 using test::DatabaseHost;
-
-QStringList captions(const QList<FilterChoice> &choices)
-{
-    QStringList list;
-    for (const FilterChoice &choice : choices)
-        list.append(choice.caption);
-    return list;
-}
+using test::captions;
 
 // Passes BRAVSQL calls on to the real database object and counts PreTerminate.
 class CountingBravSql : public QObject

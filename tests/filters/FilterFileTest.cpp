@@ -5,6 +5,8 @@
 
 #include "library/Xml.h"
 
+#include <QDir>
+#include <QSet>
 #include <gtest/gtest.h>
 #include <sstream>
 
@@ -12,6 +14,7 @@ namespace bravcpl5 {
 namespace {
 
 using test::DatabaseHost;
+using test::captions;
 
 const QByteArray salesReport = R"(<?xml version="1.0"?>
 <!-- Sales by vendor: written by the host -->
@@ -195,6 +198,37 @@ TEST(SaveFilterValues, FailedSaveLeavesNoFile)
     const QString file = host.root() + QStringLiteral("/missing/Report.xml");
     EXPECT_FALSE(SaveFilterValues(*document, LoadFilterRows(&host, *document), file));
     EXPECT_FALSE(QFile::exists(file));
+}
+
+// The sample host's report configuration files: a dozen fields each, filters of every
+// type between them, and every placeholder known to the sample database.
+TEST(SampleReports, EveryTypeAndTokenResolves)
+{
+    DatabaseHost host;
+    const QDir reports(QDir::cleanPath(QStringLiteral(
+        BRAVCPL5_TEST_DATA "/../../apps/sample-host/sample-data/System/Reports")));
+    const QStringList files = reports.entryList({QStringLiteral("*.xml")}, QDir::Files);
+    ASSERT_GE(files.size(), 3);
+    QSet<QString> types;
+    for (const QString &name : files) {
+        SCOPED_TRACE(name.toStdString());
+        const XmlDocumentPtr document = LoadXmlFile(reports.filePath(name));
+        ASSERT_TRUE(document);
+        const pugi::xml_node fields = SelectSingleNode(*document, QStringLiteral("//Fields")).node();
+        EXPECT_EQ(std::distance(fields.children().begin(), fields.children().end()), 12);
+        for (const FilterRow &row : LoadFilterRows(&host, *document)) {
+            types.insert(row.type);
+            EXPECT_FALSE(row.value.startsWith(u'[')) << row.identifier.toStdString();
+            if (FilterTypeHasChoices(row.type) && row.type != QLatin1String("daterange")
+                && !row.value.isEmpty()) {
+                EXPECT_TRUE(captions(FillFilterChoices(&host, row.type, row.allowAll))
+                                .contains(row.valueCaption))
+                    << row.identifier.toStdString();
+            }
+        }
+    }
+    EXPECT_EQ(types, QSet<QString>({"boolean", "daterange", "manufacturer", "producttype",
+                                    "productsource", "product", "vendor", ""}));
 }
 
 } // namespace
