@@ -112,6 +112,18 @@ void ApplyFilterValue(FilterRow &row, const QString &value, const CustomRangeEdi
     }
 }
 
+void ChangeFilterValue(FilterRow &row, const QString &value, const CustomRangeEditor &editor)
+{
+    QString changed = value;
+    if (IsCustomDateRange(value)) {
+        const QDate today = QDate::currentDate();
+        changed = row.value.startsWith(QLatin1String(customDateRangeName), Qt::CaseInsensitive)
+                      ? row.value
+                      : CustomDateRangeText(today, today);
+    }
+    ApplyFilterValue(row, changed, editor);
+}
+
 QList<FilterRow> LoadFilterRows(QObject *host, const pugi::xml_document &document)
 {
     QList<FilterRow> rows;

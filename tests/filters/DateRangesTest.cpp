@@ -114,13 +114,5 @@ TEST(IsCustomDateRange, PrefixIsCaseSensitive)
     EXPECT_FALSE(IsCustomDateRange(QStringLiteral(" Custom Date Range")));
 }
 
-TEST(DateRangeChoices, ElevenInTheirOrder)
-{
-    EXPECT_EQ(DateRangeChoices(),
-              QStringList({"Today", "Yesterday", "This Year", "This Week", "This Month",
-                           "Last Week", "Last Month", "Past 30 days", "Past 60 days",
-                           "Past 90 days", "Custom Date Range"}));
-}
-
 } // namespace
 } // namespace bravcpl5

@@ -1,3 +1,4 @@
+#include "filters/DateRanges.h"
 #include "filters/FilterDefinitions.h"
 
 #include <QDate>
@@ -134,14 +135,51 @@ TEST(FillFilterChoices, FixedLists)
     EXPECT_TRUE(FillFilterChoices(nullptr, "Boolean", 0).isEmpty()); // types come lower-cased
 }
 
-TEST(FilterTypeHasChoices, TypedFiltersHaveDropDowns)
+struct ChangeCase {
+    const char *name;
+    QString held;
+    QString chosen;
+    bool confirm;
+    QDate editorStart; // the dates the editor is opened with; invalid: not opened
+    QString value;     // the row's value afterwards ("today" stands for today's date)
+};
+
+void PrintTo(const ChangeCase &c, std::ostream *os) { *os << c.name; }
+
+class ChangeFilterValueTest : public ::testing::TestWithParam<ChangeCase>
 {
-    for (const char *type : {"boolean", "daterange", "manufacturer", "producttype",
-                             "productsource", "product", "vendor"})
-        EXPECT_TRUE(FilterTypeHasChoices(QString::fromLatin1(type))) << type;
-    for (const char *type : {"", "text", "state", "Vendor"})
-        EXPECT_FALSE(FilterTypeHasChoices(QString::fromLatin1(type))) << type;
+};
+
+TEST_P(ChangeFilterValueTest, CustomRangesStartTodayOrKeepTheirDates)
+{
+    const QDate today = QDate::currentDate();
+    FilterRow row;
+    row.type = QStringLiteral("daterange");
+    ApplyFilterValue(row, GetParam().held);
+    QDate openedWith;
+    ChangeFilterValue(row, GetParam().chosen, [&](QDate &start, QDate &end) {
+        openedWith = start;
+        start = end = QDate(2025, 6, 30);
+        return GetParam().confirm;
+    });
+    const QDate expectedStart = GetParam().editorStart.isValid() ? GetParam().editorStart : today;
+    EXPECT_EQ(openedWith, IsCustomDateRange(GetParam().chosen) ? expectedStart : QDate());
+    QString expected = GetParam().value;
+    expected.replace(QStringLiteral("today"), today.toString(QStringLiteral("M/d/yyyy")));
+    EXPECT_EQ(row.value, expected);
 }
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, ChangeFilterValueTest,
+    ::testing::Values(
+        ChangeCase{"NamedToCustomCancelled", "Last Week", "Custom Date Range", false, {},
+                   "Custom Date Range : today to today"},
+        ChangeCase{"NamedToCustomConfirmed", "Last Week", "Custom Date Range", true, {},
+                   "Custom Date Range : 6/30/2025 to 6/30/2025"},
+        ChangeCase{"CustomChosenAgainKeepsDates", custom, "Custom Date Range", false,
+                   QDate(2024, 1, 5), custom},
+        ChangeCase{"CustomToNamed", custom, "Past 30 days", true, {}, "Past 30 days"}),
+    [](const auto &info) { return std::string(info.param.name); });
 
 } // namespace
 } // namespace bravcpl5
