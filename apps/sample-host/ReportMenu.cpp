@@ -1,6 +1,7 @@
 #include "ReportMenu.h"
 
 #include "MainWindow.h"
+#include "SampleHost.h"
 #include "SampleReport.h"
 
 #include <QAction>
@@ -13,7 +14,7 @@ void addReportMenu(MainWindow &window)
     QAction *print = menu->addAction(QStringLiteral("Print the sample report..."));
     QObject::connect(print, &QAction::triggered, &window, [&window]() {
         const QString file = QDir(window.outputFolder()).filePath(QStringLiteral("sample-report.pdf"));
-        const SampleReportOutcome outcome = PrintSampleReport(window.library(), file);
+        const SampleReportOutcome outcome = PrintSampleReport(window.library(), SampleProducts(window.host()->database()), file);
         if (!outcome.written) {
             window.log(QStringLiteral("Sample report: could not write %1").arg(file));
             return;

@@ -46,6 +46,8 @@ public:
     QObject *common() const;
     QObject *bravSql() const;
     QString dataFolder() const { return m_dataFolder; }
+    // The dealer's database; null when it could not be opened.
+    const HostDatabase *database() const { return m_database.get(); }
 
 private:
     QString m_dataFolder;

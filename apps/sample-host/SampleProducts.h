@@ -3,7 +3,9 @@
 #include <QList>
 #include <QString>
 
-// The sample host's own small product list, for its sample report.
+class HostDatabase;
+
+// One line of the sample report's product list.
 struct SampleProduct {
     QString productType;
     QString product;
@@ -12,5 +14,6 @@ struct SampleProduct {
     double listPrice;
 };
 
-// Sorted by product type, then product.
-QList<SampleProduct> SampleProducts();
+// The products of the host's database with their type, manufacturer and vendor, sorted by
+// product type, then product; empty when there is no database or the query fails.
+QList<SampleProduct> SampleProducts(const HostDatabase *database);

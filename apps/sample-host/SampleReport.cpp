@@ -117,8 +117,9 @@ struct Columns {
 class SampleReport
 {
 public:
-    SampleReport(QObject *reportLayout, const GeneralReportLayout &layout, double width)
-        : m_make(reportLayout), m_layout(layout), m_columns(width)
+    SampleReport(QObject *reportLayout, const GeneralReportLayout &layout,
+                 const QList<SampleProduct> &products, double width)
+        : m_make(reportLayout), m_layout(layout), m_products(products), m_columns(width)
     {
         buildHeader(QDateTime::currentDateTime());
         buildColumnHeadings();
@@ -237,7 +238,7 @@ private:
     void buildBody()
     {
         const Columns &c = m_columns;
-        const QList<SampleProduct> products = SampleProducts();
+        const QList<SampleProduct> &products = m_products;
         double total = 0;
         for (qsizetype first = 0; first < products.size();) {
             const QString type = products[first].productType;
@@ -306,6 +307,7 @@ private:
 
     ControlMaker m_make;
     const GeneralReportLayout &m_layout;
+    const QList<SampleProduct> &m_products;
     Columns m_columns;
     std::vector<Row> m_header, m_columnHeadings, m_body, m_footer;
     ReportLabel *m_pageNumber = nullptr;
@@ -342,7 +344,8 @@ QString FormatPrintTime(const QString &format, const QTime &time)
     return time.toString(pattern.replace(QLatin1String("AM/PM"), QLatin1String("AP")));
 }
 
-SampleReportOutcome PrintSampleReport(QObject *library, const QString &pdfFile)
+SampleReportOutcome PrintSampleReport(QObject *library, const QList<SampleProduct> &products,
+                                      const QString &pdfFile)
 {
     SampleReportOutcome outcome;
     QObject *reportLayout = late::object(library, "ReportLayout");
@@ -364,7 +367,7 @@ SampleReportOutcome PrintSampleReport(QObject *library, const QString &pdfFile)
                                                      outcome.printerConfiguration));
     const QRectF content = writer.pageLayout().paintRectPixels(writer.resolution());
 
-    SampleReport report(reportLayout, layout, content.width());
+    SampleReport report(reportLayout, layout, products, content.width());
     report.paginate(content.height());
     QPainter painter;
     if (!painter.begin(&writer))

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "SampleProducts.h"
+
 #include <QObject>
 #include <QString>
 
@@ -13,7 +15,8 @@ struct SampleReportOutcome {
     QString printerConfiguration; // empty when the layout names none
 };
 
-SampleReportOutcome PrintSampleReport(QObject *library, const QString &pdfFile);
+SampleReportOutcome PrintSampleReport(QObject *library, const QList<SampleProduct> &products,
+                                      const QString &pdfFile);
 
 // The furniture's format texts: "Page nnn of mmm" and the like for page numbers; the
 // named formats "Short Date", "Long Date", "Short Time", "Long Time" or a date/time
