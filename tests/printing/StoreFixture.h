@@ -5,6 +5,7 @@
 
 #include "library/Library.h"
 #include "library/Registry.h"
+#include "support/QtPrinters.h"
 #include "support/TestHost.h"
 
 #include <QByteArray>
