@@ -8,10 +8,16 @@
 
 namespace bravcpl5 {
 
-// Full paths; empty when the folder is "" or does not exist.
+// The file names (without folder), in listing order; none when the folder is "" or does
+// not exist.
 QStringList ListConfigurationFiles(const QString &folder);
-// The configuration's name: the file name without folder and extension.
-QString ConfigurationName(const QString &path);
+// The first file in listing order whose configuration name is `name` without regard to
+// case, as a full path; "" when there is none.
+QString FindConfigurationFile(const QString &folder, const QString &name);
+// A listed file's configuration name: its name without the extension.
+QString ConfigurationName(QString fileName);
+// The full path of a listed file; with no file name, the folder with a closing "/".
+QString ConfigurationPath(const QString &folder, const QString &fileName);
 // Whether the text names a file with a folder part rather than a bare configuration name.
 bool HasFolderPart(const QString &nameOrFile);
 

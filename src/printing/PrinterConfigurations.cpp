@@ -30,25 +30,17 @@ const auto fixQuestion = QStringLiteral(" Do you want to address this now?");
 
 // Adds each configuration of the folder that is not listed yet; `listed` mirrors `list`
 // so that the test stays constant-time however many configurations there are.
-void appendConfigurations(const QString &folder, bool namesOnly, QStringList &list,
-                          QSet<QString> &listed)
+void appendConfigurations(const QString &folder, QStringList &files, bool namesOnly,
+                          QStringList &list, QSet<QString> &listed)
 {
-    for (const QString &path : ListConfigurationFiles(folder)) {
-        const QString entry = namesOnly ? ConfigurationName(path) : path;
-        if (entry.isEmpty() || listed.contains(entry))
-            continue;
-        listed.insert(entry);
-        list.append(entry);
+    const QString prefix = ConfigurationPath(folder, QString());
+    for (QString &file : files) {
+        QString entry = namesOnly ? ConfigurationName(std::move(file)) : prefix + file;
+        const qsizetype before = listed.size();
+        listed.insert(entry); // one lookup for both the test and the insertion
+        if (!entry.isEmpty() && listed.size() != before)
+            list.append(std::move(entry));
     }
-}
-
-QString findConfiguration(const QString &folder, const QString &name)
-{
-    for (const QString &path : ListConfigurationFiles(folder)) {
-        if (ConfigurationName(path).compare(name, Qt::CaseInsensitive) == 0)
-            return path;
-    }
-    return QString();
 }
 
 } // namespace
@@ -90,10 +82,17 @@ bool PrinterConfigurations::SetupPageFromPrinterConfiguration(const QString &Pri
 
 QStringList PrinterConfigurations::GetPrinterConfigurations(bool NamesOnly)
 {
+    const QString system = systemFolder();
+    const QString user = userFolder();
+    QStringList systemFiles = ListConfigurationFiles(system);
+    QStringList userFiles = ListConfigurationFiles(user);
+
     QStringList list{QString()};
     QSet<QString> listed;
-    appendConfigurations(systemFolder(), NamesOnly, list, listed);
-    appendConfigurations(userFolder(), NamesOnly, list, listed);
+    listed.reserve(systemFiles.size() + userFiles.size());
+    list.reserve(1 + systemFiles.size() + userFiles.size());
+    appendConfigurations(system, systemFiles, NamesOnly, list, listed);
+    appendConfigurations(user, userFiles, NamesOnly, list, listed);
     return list;
 }
 
@@ -167,8 +166,8 @@ QString PrinterConfigurations::GetPrinterConfigurationFileFromName(const QString
 {
     if (Name.isEmpty())
         return QString();
-    const QString user = findConfiguration(userFolder(), Name);
-    return user.isEmpty() ? findConfiguration(systemFolder(), Name) : user;
+    const QString user = FindConfigurationFile(userFolder(), Name);
+    return user.isEmpty() ? FindConfigurationFile(systemFolder(), Name) : user;
 }
 
 } // namespace bravcpl5
