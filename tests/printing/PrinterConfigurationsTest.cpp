@@ -147,19 +147,37 @@ TEST_F(PrinterConfigurationsTest, VerificationNeedsAPrinterOfEachConfigurationsO
     EXPECT_TRUE(store->VerifyPrinterConfigurations());
 }
 
+// A Library that answers ShowPrinterConfigurations, to see when the store asks for it.
+class RecordingLibrary : public Library
+{
+    Q_OBJECT
+public:
+    Q_INVOKABLE void ShowPrinterConfigurations() { ++shown; }
+    int shown = 0;
+};
+
 TEST_F(PrinterConfigurationsTest, VerificationOffersToFixAndStillFails)
 {
+    RecordingLibrary owner;
+    owner.Initialize(&host);
+    PrinterConfigurations *configurations = owner.printerConfigurations();
     host.writeUserFile(QStringLiteral("Labels.pcx"), configurationXml(""));
     for (const auto answer : {QMessageBox::Yes, QMessageBox::No}) {
         MessageRecorder messages({answer});
-        // On Yes the owner is asked to show its printer configurations; whatever happens
-        // there, the check has failed.
-        EXPECT_FALSE(store->VerifyPrinterConfigurations(true, true));
+        // Whatever happens in the printer configurations dialog, the check has failed.
+        EXPECT_FALSE(configurations->VerifyPrinterConfigurations(true, true));
         EXPECT_EQ(messages.texts(),
                   QStringList{unassigned + QStringLiteral(" Do you want to address this now?")});
         EXPECT_EQ(messages.messages()[0].buttons, QMessageBox::Yes | QMessageBox::No);
         EXPECT_EQ(messages.messages()[0].icon, QMessageBox::Warning);
     }
+    EXPECT_EQ(owner.shown, 1); // on Yes only
+    {
+        // An owner without the dialog: the call simply fails.
+        MessageRecorder messages({QMessageBox::Yes});
+        EXPECT_FALSE(store->VerifyPrinterConfigurations(true, true));
+    }
+    owner.PreTerminate();
 }
 
 TEST_F(PrinterConfigurationsTest, WithoutAHostEverythingIsEmpty)
@@ -189,3 +207,5 @@ TEST_F(PrinterConfigurationsTest, MembersArePublishedByName)
 
 } // namespace
 } // namespace bravcpl5::test
+
+#include "PrinterConfigurationsTest.moc"
