@@ -42,6 +42,8 @@ struct PageSetup {
     QString verticalGap;
     QString labelWidth;
     QString labelHeight;
+
+    bool operator==(const PageSetup &) const = default;
 };
 
 // Fills `fields` from the configuration's file: stored values, else the defaults (the

@@ -188,24 +188,7 @@ TEST_F(PageSetupTest, WhatIsWrittenReadsBackTheSame)
     f.labelHeight = QStringLiteral("1");
     ASSERT_TRUE(WritePageSetup(store, QStringLiteral("Invoice"), f));
 
-    const PageSetup back = read();
-    EXPECT_EQ(back.topMargin, f.topMargin);
-    EXPECT_EQ(back.bottomMargin, f.bottomMargin);
-    EXPECT_EQ(back.leftMargin, f.leftMargin);
-    EXPECT_EQ(back.rightMargin, f.rightMargin);
-    EXPECT_EQ(back.gutter, f.gutter);
-    EXPECT_EQ(back.mirrorMargins, f.mirrorMargins);
-    EXPECT_EQ(back.landscape, f.landscape);
-    EXPECT_EQ(back.paperSize, f.paperSize);
-    EXPECT_EQ(back.paperWidth, f.paperWidth);
-    EXPECT_EQ(back.paperHeight, f.paperHeight);
-    EXPECT_EQ(back.paperSource, f.paperSource);
-    EXPECT_EQ(back.columnsPerSheet, f.columnsPerSheet);
-    EXPECT_EQ(back.printDirection, f.printDirection);
-    EXPECT_EQ(back.horizontalGap, f.horizontalGap);
-    EXPECT_EQ(back.verticalGap, f.verticalGap);
-    EXPECT_EQ(back.labelWidth, f.labelWidth);
-    EXPECT_EQ(back.labelHeight, f.labelHeight);
+    EXPECT_TRUE(read() == f);
 }
 
 TEST_F(PageSetupTest, WithoutAPageSetupElementNothingIsReadOrWritten)
