@@ -1,7 +1,174 @@
 #include "printing/PrinterConfigurations.h"
 
+#include "library/HostContract.h"
+#include "library/LateBinding.h"
+#include "library/Messages.h"
+#include "library/Registry.h"
+#include "library/Xml.h"
+#include "printing/ConfigurationFiles.h"
+#include "printing/ReportContract.h"
+#include "printing/ReportPageSetup.h"
+
+#include <QSet>
+
 namespace bravcpl5 {
 
+namespace {
+
+const auto defaultPrinter = QString::fromLatin1(DefaultPrinterValueName);
+
+const auto notSetUpMessage = QStringLiteral(
+    "The printer configurations have not been setup on this computer. Contact your system "
+    "administrator for assistance on setting up your printers.");
+const auto unassignedMessage = QStringLiteral(
+    "Attention: One or more of the printer configurations does not have a printer assigned to "
+    "it. This may cause undesirable results if the unassigned printer configuration is "
+    "specifically referenced on a report or label.");
+const auto recommendation =
+    QStringLiteral("It is reccommended that you assign a printer to each printer configuration.");
+const auto fixQuestion = QStringLiteral(" Do you want to address this now?");
+
+// Adds each configuration of the folder that is not listed yet; `listed` mirrors `list`
+// so that the test stays constant-time however many configurations there are.
+void appendConfigurations(const QString &folder, bool namesOnly, QStringList &list,
+                          QSet<QString> &listed)
+{
+    for (const QString &path : ListConfigurationFiles(folder)) {
+        const QString entry = namesOnly ? ConfigurationName(path) : path;
+        if (entry.isEmpty() || listed.contains(entry))
+            continue;
+        listed.insert(entry);
+        list.append(entry);
+    }
+}
+
+QString findConfiguration(const QString &folder, const QString &name)
+{
+    for (const QString &path : ListConfigurationFiles(folder)) {
+        if (ConfigurationName(path).compare(name, Qt::CaseInsensitive) == 0)
+            return path;
+    }
+    return QString();
+}
+
+} // namespace
+
 PrinterConfigurations::PrinterConfigurations(QObject *parent) : Service(parent) {}
+
+QString PrinterConfigurations::systemFolder() const { return host::systemFileLocation(host()); }
+
+QString PrinterConfigurations::userFolder() const { return host::userFileLocation(host()); }
+
+QString PrinterConfigurations::registryValue(const QString &valueName) const
+{
+    const QString key = PrinterConfigurationsKey(host());
+    if (key.isEmpty())
+        return QString();
+    return GetRegValue(HKEY_CURRENT_USER_HANDLE, key, valueName, QString());
+}
+
+bool PrinterConfigurations::SetupPageFromPrinterConfiguration(const QString &PrinterConfiguration,
+                                                              QObject *oReport,
+                                                              bool OnlySetPrinter)
+{
+    if (PrinterConfiguration.isEmpty())
+        return false;
+    late::set(late::object(oReport, report::printer), report::deviceName,
+              GetPrinterForConfiguration(PrinterConfiguration));
+    if (OnlySetPrinter)
+        return false;
+    const XmlDocumentPtr document =
+        LoadXmlFile(GetPrinterConfigurationFileFromName(PrinterConfiguration));
+    if (!document)
+        return false;
+    const pugi::xml_node pageSetup =
+        SelectSingleNode(*document, QStringLiteral("//PageSetup")).node();
+    if (pageSetup)
+        ApplyPageSetupToReport(pageSetup, oReport);
+    return false;
+}
+
+QStringList PrinterConfigurations::GetPrinterConfigurations(bool NamesOnly)
+{
+    QStringList list{QString()};
+    QSet<QString> listed;
+    appendConfigurations(systemFolder(), NamesOnly, list, listed);
+    appendConfigurations(userFolder(), NamesOnly, list, listed);
+    return list;
+}
+
+QString PrinterConfigurations::GetPrinterConfigurationToUse(const QString &PrinterConfiguration,
+                                                            bool Verbose)
+{
+    if (!PrinterConfiguration.isEmpty() && !registryValue(PrinterConfiguration).isEmpty())
+        return PrinterConfiguration;
+    if (!registryValue(defaultPrinter).isEmpty())
+        return defaultPrinter;
+    if (Verbose)
+        ShowMessage(notSetUpMessage, QMessageBox::Warning, QMessageBox::Ok);
+    return QString();
+}
+
+QString PrinterConfigurations::GetPrinterForConfiguration(const QString &PrinterConfiguration,
+                                                          bool SkipDefault)
+{
+    QString printer = registryValue(PrinterConfiguration);
+    if (printer.isEmpty() && !SkipDefault)
+        printer = registryValue(defaultPrinter);
+    return printer;
+}
+
+void PrinterConfigurations::SetPrinterForConfiguration(const QString &PrinterConfiguration,
+                                                       const QString &Printer)
+{
+    const QString key = PrinterConfigurationsKey(host());
+    if (!key.isEmpty())
+        SetRegValue(HKEY_CURRENT_USER_HANDLE, key, PrinterConfiguration, Printer);
+}
+
+bool PrinterConfigurations::VerifyPrinterConfigurations(bool Verbose, bool CanFix)
+{
+    bool failed = false;
+    for (const QString &name : GetPrinterConfigurations(true)) {
+        if (!name.isEmpty() && GetPrinterForConfiguration(name, true).isEmpty()) {
+            failed = true;
+            break;
+        }
+    }
+    if (!failed)
+        return true;
+    if (Verbose) {
+        const QString text = unassignedMessage + QStringLiteral("\r\n\r\n") + recommendation;
+        if (!CanFix) {
+            ShowMessage(text, QMessageBox::Warning, QMessageBox::Ok);
+        } else if (ShowMessage(text + fixQuestion, QMessageBox::Warning,
+                               QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes) {
+            late::call(ownerObject(), "ShowPrinterConfigurations");
+        }
+    }
+    return false;
+}
+
+bool PrinterConfigurations::PrinterConfigurationIsSystem(const QString &NameOrFile)
+{
+    if (NameOrFile.isEmpty())
+        return false;
+    const QString file =
+        HasFolderPart(NameOrFile) ? NameOrFile : GetPrinterConfigurationFileFromName(NameOrFile);
+    const XmlDocumentPtr document = LoadXmlFile(file);
+    if (!document)
+        return false;
+    const pugi::xml_node identification =
+        SelectSingleNode(*document, QStringLiteral("//Identification")).node();
+    return identification && GetXmlInteger(QStringLiteral("System"), identification, 0) > 0;
+}
+
+QString PrinterConfigurations::GetPrinterConfigurationFileFromName(const QString &Name)
+{
+    if (Name.isEmpty())
+        return QString();
+    const QString user = findConfiguration(userFolder(), Name);
+    return user.isEmpty() ? findConfiguration(systemFolder(), Name) : user;
+}
 
 } // namespace bravcpl5

@@ -2,10 +2,19 @@
 
 #include "library/Service.h"
 
+#include <QString>
+#include <QStringList>
+
 namespace bravcpl5 {
 
+// The value of the printer-configurations key that names the fallback printer.
+inline constexpr auto DefaultPrinterValueName = "(Default)";
+
 // The printer-configuration service: the named configurations of the system and user
-// folders, the printer each one prints to, and their page setup.
+// folders, the printer each one prints to, and their page setup. It keeps nothing but its
+// Owner: every call reads the folders, files and registry afresh. Failures give empty or
+// False results; only GetPrinterConfigurationToUse and VerifyPrinterConfigurations speak
+// to the user, and only when Verbose.
 class PrinterConfigurations : public Service
 {
     Q_OBJECT
@@ -13,6 +22,34 @@ class PrinterConfigurations : public Service
 
 public:
     Q_INVOKABLE explicit PrinterConfigurations(QObject *parent = nullptr);
+
+    // Points the report's printer at the configuration's printer and, unless
+    // OnlySetPrinter, copies the configuration's page setup onto its page settings
+    // (printing/ReportContract.h). Always False: the result says nothing about success.
+    Q_INVOKABLE bool SetupPageFromPrinterConfiguration(const QString &PrinterConfiguration,
+                                                       QObject *oReport,
+                                                       bool OnlySetPrinter = false);
+    // Element 0 is always "": system configurations follow in listing order, then user
+    // configurations not already listed (names, or full paths when not NamesOnly).
+    Q_INVOKABLE QStringList GetPrinterConfigurations(bool NamesOnly = true);
+    // The registry value to print with: the configuration itself when it has a printer,
+    // else "(Default)" when a default printer is assigned, else "".
+    Q_INVOKABLE QString GetPrinterConfigurationToUse(const QString &PrinterConfiguration,
+                                                     bool Verbose = true);
+    Q_INVOKABLE QString GetPrinterForConfiguration(const QString &PrinterConfiguration,
+                                                   bool SkipDefault = false);
+    Q_INVOKABLE void SetPrinterForConfiguration(const QString &PrinterConfiguration,
+                                                const QString &Printer);
+    // True when every configuration has a printer of its own.
+    Q_INVOKABLE bool VerifyPrinterConfigurations(bool Verbose = true, bool CanFix = false);
+    Q_INVOKABLE bool PrinterConfigurationIsSystem(const QString &NameOrFile);
+    // The user folder's file before the system folder's; "" when there is none.
+    Q_INVOKABLE QString GetPrinterConfigurationFileFromName(const QString &Name);
+
+private:
+    QString systemFolder() const;
+    QString userFolder() const;
+    QString registryValue(const QString &valueName) const;
 };
 
 } // namespace bravcpl5

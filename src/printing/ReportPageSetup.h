@@ -1,0 +1,18 @@
+#pragma once
+
+// Copies a configuration's page setup onto a report object (printing/ReportContract.h).
+
+#include <pugixml.hpp>
+
+class QObject;
+
+namespace bravcpl5 {
+
+inline constexpr int twipsPerInch = 1440;
+
+// Sets the report's eleven page settings from the "PageSetup" element, in order, and then
+// its print width from what the page settings read back. A value that cannot be converted
+// or that the report refuses skips that member alone.
+void ApplyPageSetupToReport(pugi::xml_node pageSetup, QObject *report);
+
+} // namespace bravcpl5

@@ -1,0 +1,236 @@
+// The page setup preview: the checks that reject a page, the scale, and what is drawn.
+
+#include "printing/PageSetupPreview.h"
+#include "printing/PainterPreviewSurface.h"
+#include "support/QtPrinters.h"
+#include "support/RecordingPreviewSurface.h"
+#include "support/TestOutput.h"
+
+#include <QImage>
+#include <gtest/gtest.h>
+
+namespace bravcpl5::test {
+namespace {
+
+constexpr float inch = 1440;
+const QColor background(240, 240, 240);
+
+// A letter page, one-inch margins, one column of 3.5 by 1 inch labels.
+PageSetupPreviewInfo letter()
+{
+    PageSetupPreviewInfo i;
+    i.PaperWidth = 8.5f * inch;
+    i.PaperHeight = 11 * inch;
+    i.LeftMargin = i.TopMargin = i.RightMargin = i.BottomMargin = inch;
+    i.ColumnsPerSheet = 1;
+    i.LabelWidth = 3.5f * inch;
+    i.LabelHeight = inch;
+    i.HorizontalGap = 0.125f * inch;
+    return i;
+}
+
+bool drewInvalidSettings(const PageSetupPreviewInfo &info)
+{
+    RecordingPreviewSurface surface(3000, 3000);
+    DrawPageSetupPreview(info, surface);
+    return !surface.texts.isEmpty();
+}
+
+struct CheckCase {
+    const char *name;
+    PageSetupPreviewInfo info;
+    bool invalid;
+};
+
+void PrintTo(const CheckCase &c, std::ostream *os) { *os << c.name; }
+
+CheckCase with(const char *name, bool invalid, void (*change)(PageSetupPreviewInfo &))
+{
+    PageSetupPreviewInfo info = letter();
+    change(info);
+    return {name, info, invalid};
+}
+
+class PreviewCheckTest : public ::testing::TestWithParam<CheckCase> {};
+
+TEST_P(PreviewCheckTest, RejectsPagesThatCannotBeLaidOut)
+{
+    EXPECT_EQ(drewInvalidSettings(GetParam().info), GetParam().invalid);
+}
+
+INSTANTIATE_TEST_SUITE_P(Table, PreviewCheckTest, ::testing::Values(
+    with("letterFits", false, [](PageSetupPreviewInfo &) {}),
+    with("marginsOf64Inches", true, [](auto &i) { i.TopMargin = i.BottomMargin = i.LeftMargin = i.RightMargin = 64 * inch; }),
+    with("marginsFillTheHeight", true, [](auto &i) { i.TopMargin = 5 * inch; i.BottomMargin = 6 * inch; }),
+    with("gutterFillsTheWidth", true, [](auto &i) { i.Gutter = 6.5f * inch; }),
+    // The label checks run whatever is drawn: 2 + 2.875 + 3.5 inches fit, 2 + 3 + 3.5 do not.
+    with("gutterBesideLabelsFits", false, [](auto &i) { i.Gutter = 2.875f * inch; }),
+    with("gutterBesideLabelsTooWide", true, [](auto &i) { i.Gutter = 3 * inch; }),
+    // Rows are counted as columns: eight columns of one-inch labels pass, nine do not.
+    with("eightColumnsAsRows", false, [](auto &i) { i.ColumnsPerSheet = 8; i.LabelWidth = 0.5f * inch; i.HorizontalGap = 0; }),
+    with("nineColumnsAsRows", true, [](auto &i) { i.ColumnsPerSheet = 9; i.LabelWidth = 0.5f * inch; i.HorizontalGap = 0; }),
+    with("labelsTooWide", true, [](auto &i) { i.ColumnsPerSheet = 2; }),
+    with("verticalGapsTooTall", true, [](auto &i) { i.ColumnsPerSheet = 2; i.LabelWidth = inch; i.VerticalGap = 7.5f * inch; }),
+    // 16777215 + 0.5 is below 2^24, but as a single it is 2^24 itself: invalid.
+    with("sumRoundedToSingle", true, [](auto &i) { i.PaperHeight = 16777216; i.TopMargin = 16777215; i.BottomMargin = 0.5f; })),
+    [](const auto &info) { return std::string(info.param.name); });
+
+TEST(PageSetupPreview, InvalidSettingsAreWrittenAtTheTopLeft)
+{
+    PageSetupPreviewInfo info = letter();
+    info.TopMargin = info.BottomMargin = info.LeftMargin = info.RightMargin = 64 * inch;
+    RecordingPreviewSurface surface(2700, 3000, background);
+    DrawPageSetupPreview(info, surface);
+
+    ASSERT_EQ(surface.rectangles.size(), 1); // the clearing only
+    EXPECT_EQ(surface.rectangles[0].fill, background);
+    EXPECT_EQ(surface.rectangles[0].to, QPointF(2700, 3000));
+    ASSERT_EQ(surface.texts.size(), 1);
+    EXPECT_EQ(surface.texts[0].text, "Invalid Settings");
+    EXPECT_EQ(surface.texts[0].at, QPointF(100, 100));
+    EXPECT_EQ(surface.texts[0].color, QColor(Qt::black));
+}
+
+TEST(PageSetupPreview, ScaleIsOneStepBelowTheFirstThatFits)
+{
+    const PageSetupPreviewInfo page = letter(); // 12240 by 15840
+    EXPECT_EQ(GetPreviewScale(page, RecordingPreviewSurface(20000, 20000)), 0.99f);
+    EXPECT_EQ(GetPreviewScale(page, RecordingPreviewSurface(12240, 15840)), 0.99f);
+    // Fits at 0.5 and is drawn one step below; the steps are taken in single precision.
+    EXPECT_NEAR(GetPreviewScale(page, RecordingPreviewSurface(20000, 8000)), 0.49f, 1e-5f);
+    EXPECT_NEAR(GetPreviewScale(page, RecordingPreviewSurface(3000, 3000)), 0.17f, 1e-5f);
+}
+
+TEST(PageSetupPreview, DrawsShadowSheetGutterAndPrintableAreaCentred)
+{
+    PageSetupPreviewInfo info = letter();
+    info.Gutter = 0.5f * inch;
+    RecordingPreviewSurface surface(20000, 20000, background);
+    DrawPageSetupPreview(info, surface);
+    ASSERT_EQ(surface.rectangles.size(), 5);
+
+    const float s = 0.99f;
+    const float x0 = (20000 - s * 12240) / 2, y0 = (20000 - s * 15840) / 2;
+    const float x1 = x0 + s * 12240, y1 = y0 + s * 15840;
+    const DrawnRectangle &shadow = surface.rectangles[1], &sheet = surface.rectangles[2],
+                         &gutter = surface.rectangles[3], &area = surface.rectangles[4];
+    EXPECT_EQ(shadow.from, QPointF(x0 + 30, y0 + 30));
+    EXPECT_EQ(shadow.to, QPointF(x1 + 30, y1 + 30));
+    EXPECT_EQ(shadow.fill, QColor(150, 150, 150));
+    EXPECT_EQ(shadow.outline, QColor(150, 150, 150));
+    EXPECT_EQ(sheet.from, QPointF(x0, y0));
+    EXPECT_EQ(sheet.to, QPointF(x1, y1));
+    EXPECT_EQ(sheet.fill, QColor(Qt::white));
+    EXPECT_EQ(sheet.style, FillStyle::Solid);
+    EXPECT_EQ(gutter.to, QPointF(x0 + s * 720, y1));
+    EXPECT_EQ(gutter.style, FillStyle::DiagonalCross);
+    EXPECT_EQ(gutter.fill, QColor(Qt::black));
+    EXPECT_EQ(area.from, QPointF(x0 + s * 720 + s * 1440, y0 + s * 1440));
+    EXPECT_EQ(area.to, QPointF(x1 - s * 1440, y1 - s * 1440));
+    EXPECT_EQ(area.fill, QColor(0xF5, 0xF5, 0xF5));
+    EXPECT_EQ(area.outline, QColor(Qt::black));
+    EXPECT_TRUE(surface.texts.isEmpty());
+}
+
+TEST(PageSetupPreview, LabelModeDrawsTheGridOnTheSheet)
+{
+    PageSetupPreviewInfo info = letter();
+    info.ShowLabels = true;
+    info.ColumnsPerSheet = 2;
+    info.LabelWidth = 3 * inch;
+    info.VerticalGap = 0.5f * inch;
+    info.HorizontalGap = 0.25f * inch;
+    RecordingPreviewSurface surface(20000, 20000);
+    DrawPageSetupPreview(info, surface);
+
+    // 9 inches of height take rows of 1 inch plus 0.5 gap: 6 rows (the last ends at 8.5).
+    const QList<DrawnRectangle> labels = surface.rectangles.mid(4);
+    ASSERT_EQ(labels.size(), 12);
+    for (const DrawnRectangle &label : labels) {
+        EXPECT_EQ(label.fill, QColor(0xE0, 0xE0, 0xE0));
+        EXPECT_EQ(label.outline, QColor(Qt::black));
+    }
+    const float s = 0.99f;
+    EXPECT_FLOAT_EQ(labels[1].from.x() - labels[0].from.x(), s * 3.25f * inch);
+    EXPECT_FLOAT_EQ(labels[2].from.y() - labels[0].from.y(), s * 1.5f * inch);
+}
+
+TEST(PageSetupPreview, RowsThatDoNotMoveAreDrawnOnce)
+{
+    PageSetupPreviewInfo info = letter();
+    info.ShowLabels = true;
+    info.LabelHeight = 0;
+    RecordingPreviewSurface surface(20000, 20000);
+    DrawPageSetupPreview(info, surface);
+    EXPECT_EQ(surface.rectangles.size(), 5);
+}
+
+TEST(PageSetupPreview, AnOverflowEndsTheDrawing)
+{
+    PageSetupPreviewInfo info = letter();
+    info.LabelWidth = 3e38f;
+    info.ColumnsPerSheet = 2;
+    RecordingPreviewSurface surface(3000, 3000);
+    DrawPageSetupPreview(info, surface);
+    EXPECT_EQ(surface.rectangles.size(), 1); // cleared, then stopped
+    EXPECT_TRUE(surface.texts.isEmpty());
+}
+
+// Draws on an image at 96 dpi (15 twips a pixel) and saves it for a person to look at.
+QImage render(const PageSetupPreviewInfo &info, const QString &fileName)
+{
+    QImage image(180, 200, QImage::Format_RGB32);
+    image.setDotsPerMeterX(3780);
+    image.setDotsPerMeterY(3780);
+    image.fill(Qt::magenta); // anything not drawn over stands out
+    {
+        PainterPreviewSurface surface(image, background);
+        DrawPageSetupPreview(info, surface);
+    }
+    image.save(testOutputPath(fileName));
+    return image;
+}
+
+TEST(PageSetupPreview, PaintsLetterWithOneInchMargins)
+{
+    const QImage image = render(letter(), QStringLiteral("preview-letter.png"));
+    EXPECT_EQ(image.pixelColor(2, 2), background);
+    EXPECT_EQ(image.pixelColor(90, 100), QColor(0xF5, 0xF5, 0xF5)); // printable area
+    // Sheet: 0.17 of 12240 by 15840 twips is 139 by 180 pixels, centred.
+    EXPECT_EQ(image.pixelColor(90, 15), QColor(Qt::white)); // top margin
+    EXPECT_EQ(image.pixelColor(175, 100), background);       // beyond the shadow
+}
+
+TEST(PageSetupPreview, PaintsLandscapeWithAGutter)
+{
+    PageSetupPreviewInfo info = letter();
+    std::swap(info.PaperWidth, info.PaperHeight);
+    info.Gutter = inch;
+    const QImage image = render(info, QStringLiteral("preview-landscape-gutter.png"));
+    // The hatched gutter mixes black lines with the white sheet.
+    int dark = 0, light = 0;
+    for (int x = 8; x < 18; ++x) {
+        for (int y = 60; y < 140; ++y) {
+            const int grey = qGray(image.pixel(x, y));
+            (grey < 64 ? dark : light) += grey < 64 || grey > 200;
+        }
+    }
+    EXPECT_GT(dark, 50);
+    EXPECT_GT(light, 50);
+}
+
+TEST(PageSetupPreview, PaintsInvalidSettings)
+{
+    PageSetupPreviewInfo info = letter();
+    info.TopMargin = info.BottomMargin = 64 * inch;
+    const QImage image = render(info, QStringLiteral("preview-invalid.png"));
+    int dark = 0;
+    for (int x = 0; x < image.width(); ++x)
+        for (int y = 0; y < image.height(); ++y)
+            dark += qGray(image.pixel(x, y)) < 100;
+    EXPECT_GT(dark, 20); // the text
+    EXPECT_EQ(image.pixelColor(150, 180), background);
+}
+
+} // namespace
+} // namespace bravcpl5::test

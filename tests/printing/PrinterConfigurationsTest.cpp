@@ -1,0 +1,191 @@
+// The printer configuration store: listing, lookup, system flag, printer mapping and the
+// checks that speak to the user.
+
+#include "StoreFixture.h"
+#include "support/MessageRecorder.h"
+
+#include <QFileInfo>
+
+namespace bravcpl5::test {
+namespace {
+
+const QString notSetUp = QStringLiteral(
+    "The printer configurations have not been setup on this computer. Contact your system "
+    "administrator for assistance on setting up your printers.");
+const QString unassigned = QStringLiteral(
+    "Attention: One or more of the printer configurations does not have a printer assigned to "
+    "it. This may cause undesirable results if the unassigned printer configuration is "
+    "specifically referenced on a report or label.\r\n\r\nIt is reccommended that you assign a "
+    "printer to each printer configuration.");
+
+class PrinterConfigurationsTest : public StoreFixture
+{
+protected:
+    QString assign(const QString &configuration, const QString &printer)
+    {
+        store->SetPrinterForConfiguration(configuration, printer);
+        return configuration;
+    }
+};
+
+TEST_F(PrinterConfigurationsTest, WithNoFilesTheListHoldsOneEmptyEntryAndVerifies)
+{
+    EXPECT_EQ(store->GetPrinterConfigurations(), QStringList{QString()});
+    EXPECT_TRUE(store->VerifyPrinterConfigurations()); // and no message
+}
+
+TEST_F(PrinterConfigurationsTest, ListsSystemThenUserConfigurationsOnce)
+{
+    host.writeSystemFile(QStringLiteral("Letter.pcx"), configurationXml(""));
+    host.writeSystemFile(QStringLiteral("Checks.PCX"), configurationXml(""));
+    host.writeUserFile(QStringLiteral("Letter.pcx"), configurationXml(""));
+    host.writeUserFile(QStringLiteral("Avery 5160.pcx"), configurationXml(""));
+    host.writeUserFile(QStringLiteral("letter.pcx.bak"), "");
+    host.writeUserFile(QStringLiteral("Nested/Deep.pcx"), configurationXml(""));
+    // Repeats are found by exact comparison: a name differing in case is listed again.
+    host.writeUserFile(QStringLiteral("CHECKS.pcx"), configurationXml(""));
+
+    EXPECT_EQ(store->GetPrinterConfigurations(),
+              (QStringList{"", "Checks", "Letter", "Avery 5160", "CHECKS"}));
+
+    const QStringList paths = store->GetPrinterConfigurations(false);
+    ASSERT_EQ(paths.size(), 6); // full paths differ between the folders
+    EXPECT_EQ(paths[2], QDir(host.systemFolder()).filePath("Letter.pcx"));
+    EXPECT_EQ(paths[5], QDir(host.userFolder()).filePath("Letter.pcx"));
+}
+
+TEST_F(PrinterConfigurationsTest, LookupIgnoresCaseAndPrefersTheUserFolder)
+{
+    host.writeSystemFile(QStringLiteral("Letter.pcx"), configurationXml(""));
+    host.writeSystemFile(QStringLiteral("Legal.pcx"), configurationXml(""));
+    const QString userLetter = host.writeUserFile(QStringLiteral("Letter.pcx"), configurationXml(""));
+
+    EXPECT_EQ(store->GetPrinterConfigurationFileFromName(QStringLiteral("letter")), userLetter);
+    EXPECT_EQ(store->GetPrinterConfigurationFileFromName(QStringLiteral("LEGAL")),
+              QDir(host.systemFolder()).filePath("Legal.pcx"));
+    EXPECT_EQ(store->GetPrinterConfigurationFileFromName(QStringLiteral("Leg")), "");
+    EXPECT_EQ(store->GetPrinterConfigurationFileFromName(QString()), "");
+}
+
+TEST_F(PrinterConfigurationsTest, AMissingFolderIsSkipped)
+{
+    host.writeSystemFile(QStringLiteral("Letter.pcx"), configurationXml(""));
+    host.testOptions().userFolder = QDir(host.root()).filePath("absent");
+    EXPECT_EQ(store->GetPrinterConfigurations(), (QStringList{"", "Letter"}));
+    host.testOptions().systemFolder.clear();
+    EXPECT_EQ(store->GetPrinterConfigurationFileFromName(QStringLiteral("Letter")), "");
+}
+
+TEST_F(PrinterConfigurationsTest, SystemFlagComesFromIdentification)
+{
+    host.writeUserFile(QStringLiteral("Shared.pcx"), configurationXml("", 1));
+    host.writeUserFile(QStringLiteral("Own.pcx"), configurationXml("", 0));
+    host.writeUserFile(QStringLiteral("Broken.pcx"), "<PrinterConfiguration>");
+    // In the system folder but not flagged: not a system configuration.
+    host.writeSystemFile(QStringLiteral("Plain.pcx"), configurationXml(""));
+    // A full path is read as it stands, without searching the folders.
+    const QString elsewhere =
+        writeFile(QDir(host.root()).filePath("elsewhere/Own.pcx"), configurationXml("", 2));
+
+    EXPECT_TRUE(store->PrinterConfigurationIsSystem(QStringLiteral("shared")));
+    EXPECT_FALSE(store->PrinterConfigurationIsSystem(QStringLiteral("Own")));
+    EXPECT_FALSE(store->PrinterConfigurationIsSystem(QStringLiteral("Broken")));
+    EXPECT_FALSE(store->PrinterConfigurationIsSystem(QStringLiteral("Plain")));
+    EXPECT_FALSE(store->PrinterConfigurationIsSystem(QStringLiteral("Missing")));
+    EXPECT_FALSE(store->PrinterConfigurationIsSystem(QString()));
+    EXPECT_TRUE(store->PrinterConfigurationIsSystem(elsewhere));
+}
+
+TEST_F(PrinterConfigurationsTest, PrintersFallBackToTheDefaultUnlessSkipped)
+{
+    assign("Invoice", "Office Laser");
+    EXPECT_EQ(store->GetPrinterForConfiguration("Invoice"), "Office Laser");
+    EXPECT_EQ(store->GetPrinterForConfiguration("Labels"), "");
+
+    assign("(Default)", "Front Desk");
+    EXPECT_EQ(store->GetPrinterForConfiguration("Labels"), "Front Desk");
+    EXPECT_EQ(store->GetPrinterForConfiguration("Labels", true), "");
+
+    // An empty printer is stored as empty, which falls back like a missing one.
+    assign("Invoice", "");
+    EXPECT_EQ(store->GetPrinterForConfiguration("Invoice"), "Front Desk");
+}
+
+TEST_F(PrinterConfigurationsTest, ConfigurationToUseNamesTheRegistryValue)
+{
+    assign("Invoice", "Office Laser");
+    EXPECT_EQ(store->GetPrinterConfigurationToUse("Invoice"), "Invoice");
+    {
+        MessageRecorder messages;
+        EXPECT_EQ(store->GetPrinterConfigurationToUse("Labels"), "");
+        EXPECT_EQ(messages.texts(), QStringList{notSetUp});
+        EXPECT_EQ(messages.messages()[0].icon, QMessageBox::Warning);
+        EXPECT_EQ(messages.messages()[0].buttons, QMessageBox::Ok);
+    }
+    EXPECT_EQ(store->GetPrinterConfigurationToUse("Labels", false), ""); // silently
+
+    assign("(Default)", "Front Desk");
+    EXPECT_EQ(store->GetPrinterConfigurationToUse("Labels"), "(Default)");
+    EXPECT_EQ(store->GetPrinterConfigurationToUse(""), "(Default)");
+}
+
+TEST_F(PrinterConfigurationsTest, VerificationNeedsAPrinterOfEachConfigurationsOwn)
+{
+    host.writeSystemFile(QStringLiteral("Invoice.pcx"), configurationXml(""));
+    host.writeUserFile(QStringLiteral("Labels.pcx"), configurationXml(""));
+    assign("Invoice", "Office Laser");
+    assign("(Default)", "Front Desk"); // does not count
+
+    EXPECT_FALSE(store->VerifyPrinterConfigurations(false));
+    {
+        MessageRecorder messages;
+        EXPECT_FALSE(store->VerifyPrinterConfigurations());
+        EXPECT_EQ(messages.texts(), QStringList{unassigned});
+        EXPECT_EQ(messages.messages()[0].buttons, QMessageBox::Ok);
+    }
+    assign("Labels", "Label Printer");
+    EXPECT_TRUE(store->VerifyPrinterConfigurations());
+}
+
+TEST_F(PrinterConfigurationsTest, VerificationOffersToFixAndStillFails)
+{
+    host.writeUserFile(QStringLiteral("Labels.pcx"), configurationXml(""));
+    for (const auto answer : {QMessageBox::Yes, QMessageBox::No}) {
+        MessageRecorder messages({answer});
+        // On Yes the owner is asked to show its printer configurations; whatever happens
+        // there, the check has failed.
+        EXPECT_FALSE(store->VerifyPrinterConfigurations(true, true));
+        EXPECT_EQ(messages.texts(),
+                  QStringList{unassigned + QStringLiteral(" Do you want to address this now?")});
+        EXPECT_EQ(messages.messages()[0].buttons, QMessageBox::Yes | QMessageBox::No);
+        EXPECT_EQ(messages.messages()[0].icon, QMessageBox::Warning);
+    }
+}
+
+TEST_F(PrinterConfigurationsTest, WithoutAHostEverythingIsEmpty)
+{
+    host.writeUserFile(QStringLiteral("Labels.pcx"), configurationXml("", 1));
+    assign("Labels", "Label Printer");
+    library.Initialize(nullptr);
+    EXPECT_EQ(store->GetPrinterConfigurations(), QStringList{QString()});
+    EXPECT_EQ(store->GetPrinterConfigurationFileFromName("Labels"), "");
+    EXPECT_EQ(store->GetPrinterForConfiguration("Labels"), "");
+    EXPECT_FALSE(store->PrinterConfigurationIsSystem("Labels"));
+    EXPECT_TRUE(store->VerifyPrinterConfigurations());
+}
+
+TEST_F(PrinterConfigurationsTest, MembersArePublishedByName)
+{
+    QString file;
+    host.writeUserFile(QStringLiteral("Letter.pcx"), configurationXml(""));
+    ASSERT_TRUE(QMetaObject::invokeMethod(store, "GetPrinterConfigurationFileFromName",
+                                          Q_RETURN_ARG(QString, file), Q_ARG(QString, "LETTER")));
+    EXPECT_EQ(QFileInfo(file).fileName(), "Letter.pcx");
+    QStringList names;
+    ASSERT_TRUE(QMetaObject::invokeMethod(store, "GetPrinterConfigurations",
+                                          Q_RETURN_ARG(QStringList, names)));
+    EXPECT_EQ(names, (QStringList{"", "Letter"}));
+}
+
+} // namespace
+} // namespace bravcpl5::test
