@@ -55,10 +55,10 @@ bool ReferenceReport::render(const QString &pdfFile, const PageDrawer &drawPage)
     printer.setCreator(QStringLiteral("bravcpl5"));
     // The margins are already within the printable area (QPrinter refuses them otherwise);
     // drawing uses the whole paper so that mirrored pages can move their margins.
-    printer.setFullPage(true);
-    const QMarginsF margins = m_lastPage.margins / TwipsPerPoint;
-    if (!printer.setPageLayout(QPageLayout(m_lastPage.paper, m_lastPage.orientation, margins,
-                                           QPageLayout::Point)))
+    QPageLayout layout(m_lastPage.paper, m_lastPage.orientation, m_lastPage.margins / TwipsPerPoint,
+                       QPageLayout::Point);
+    layout.setMode(QPageLayout::FullPageMode);
+    if (!printer.setPageLayout(layout))
         return false;
 
     QPainter painter;
