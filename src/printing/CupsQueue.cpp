@@ -5,6 +5,7 @@
 #include <QFile>
 #include <cups/cups.h>
 #include <cups/ppd.h>
+#include <algorithm>
 #include <cmath>
 #include <memory>
 
@@ -110,43 +111,35 @@ void readIpp(cups_dest_t *dest, CupsQueue &result)
     cupsFreeDestInfo(info);
 }
 
+template <typename T, typename Match> const T *findFirst(const QList<T> &list, Match match)
+{
+    const auto found = std::find_if(list.begin(), list.end(), match);
+    return found == list.end() ? nullptr : &*found;
+}
+
 } // namespace
 
 const CupsPaperBin *CupsQueue::binByCode(int code) const
 {
-    for (const CupsPaperBin &bin : bins) {
-        if (bin.code == code)
-            return &bin;
-    }
-    return nullptr;
+    return findFirst(bins, [&](const CupsPaperBin &bin) { return bin.code == code; });
 }
 
 const CupsPaperBin *CupsQueue::binByKeyword(const QString &keyword) const
 {
-    for (const CupsPaperBin &bin : bins) {
-        if (bin.keyword == keyword)
-            return &bin;
-    }
-    return nullptr;
+    return findFirst(bins, [&](const CupsPaperBin &bin) { return bin.keyword == keyword; });
 }
 
 const CupsPaperSize *CupsQueue::sizeByPoints(const QSizeF &points) const
 {
-    for (const CupsPaperSize &size : sizes) {
-        if (std::abs(size.points.width() - points.width()) < 1.0
-            && std::abs(size.points.height() - points.height()) < 1.0)
-            return &size;
-    }
-    return nullptr;
+    return findFirst(sizes, [&](const CupsPaperSize &size) {
+        return std::abs(size.points.width() - points.width()) < 1.0
+               && std::abs(size.points.height() - points.height()) < 1.0;
+    });
 }
 
 const CupsPaperSize *CupsQueue::sizeByKeyword(const QString &keyword) const
 {
-    for (const CupsPaperSize &size : sizes) {
-        if (size.keyword == keyword)
-            return &size;
-    }
-    return nullptr;
+    return findFirst(sizes, [&](const CupsPaperSize &size) { return size.keyword == keyword; });
 }
 
 CupsQueue ReadCupsQueue(const QString &queue)

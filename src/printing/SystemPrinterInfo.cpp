@@ -27,7 +27,7 @@ public:
     QList<PaperSizeInfo> paperSizes(const QString &printer) const override
     {
         QList<PaperSizeInfo> sizes;
-        const QPrinterInfo info = QPrinterInfo::printerInfo(printer);
+        const QPrinterInfo info = QPrinterInfo::printerInfo(FindPrinter(*this, printer));
         if (info.isNull())
             return sizes;
         int nextCustom = FirstPrinterPaperCode;
@@ -46,7 +46,7 @@ public:
 
     int currentPaperSize(const QString &printer) const override
     {
-        const QPrinterInfo info = QPrinterInfo::printerInfo(printer);
+        const QPrinterInfo info = QPrinterInfo::printerInfo(FindPrinter(*this, printer));
         if (info.isNull())
             return 0;
         const QPageSize current = info.defaultPageSize();

@@ -57,6 +57,9 @@ TEST_F(SandboxQueuesTest, StandardSizesHaveWindowsCodes)
                                                 {"Executive", 7, 10440, 15120},
                                                 {"Envelope #10", 20, 5940, 13680}}));
     EXPECT_EQ(info->currentPaperSize(laser), 1);
+    // Names are found without regard to case.
+    EXPECT_EQ(sizes(*info, QStringLiteral("OFFICE-LASER")).size(), 5);
+    EXPECT_EQ(info->currentPaperSize(QStringLiteral("OFFICE-LASER")), 1);
 }
 
 TEST_F(SandboxQueuesTest, OwnSizesAreNumberedFrom256)
