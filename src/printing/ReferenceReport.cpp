@@ -20,7 +20,9 @@ bool ReferenceReport::print(const PageDrawer &drawPage)
 {
     m_lastJobId = 0;
     PrinterInfo &printers = CurrentPrinterInfo();
-    const QString queue = FindPrinter(printers, m_printer.deviceName());
+    // An empty device name means the default printer, as for any report.
+    const QString device = m_printer.deviceName();
+    const QString queue = FindPrinter(printers, device.isEmpty() ? printers.defaultPrinterName() : device);
     const bool toPdf = !m_outputFileName.isEmpty();
     if (queue.isEmpty() && !toPdf)
         return false;

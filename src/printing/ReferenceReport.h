@@ -30,7 +30,8 @@ class ReferenceReport : public QObject
     Q_PROPERTY(QObject *PageSettings READ pageSettings CONSTANT)
     Q_PROPERTY(float PrintWidth READ printWidth WRITE setPrintWidth)
     Q_PROPERTY(QString DocumentName READ documentName WRITE setDocumentName)
-    // A PDF file to write instead of printing; empty prints to Printer.DeviceName.
+    // A PDF file to write instead of printing; empty prints to Printer.DeviceName (the
+    // default printer when that is empty).
     Q_PROPERTY(QString OutputFileName READ outputFileName WRITE setOutputFileName)
 
 public:

@@ -117,6 +117,16 @@ TEST_F(ReferenceReportTest, UnknownPrinterPrintsNothing)
     EXPECT_EQ(report.lastJobId(), 0);
 }
 
+TEST_F(ReferenceReportTest, NoDeviceNamePrintsToTheDefaultPrinter)
+{
+    ReferenceReport report;
+    report.pageSettings()->setPaperSource(4);
+    ASSERT_TRUE(report.print(twoPages));
+    const QHash<QString, QString> job = FinishedJobAttributes(report.lastJobId());
+    EXPECT_EQ(job.value(QStringLiteral("printer-uri")), QStringLiteral("ipp://localhost/printers/Office-Laser"));
+    EXPECT_EQ(job.value(QStringLiteral("InputSlot")), QStringLiteral("Manual"));
+}
+
 TEST_F(ReferenceReportTest, BinThePrinterLacksIsPrintedFromItsDefaultAndNoted)
 {
     ReferenceReport report;
