@@ -1,5 +1,8 @@
 #include "printing/PrinterInfo.h"
 
+#include "printing/CupsQueue.h"
+#include "printing/PaperBinCodes.h"
+
 #include <QPageSize>
 #include <QPrinterInfo>
 #include <cmath>
@@ -9,9 +12,11 @@ namespace bravcpl5 {
 namespace {
 
 constexpr double twipsPerPoint = 20.0;
+constexpr int FirstPrinterPaperCode = 256;
 
-// Printers and paper sizes as Qt reports them. Sizes without a Windows code get codes
-// from 256 up, in the printer's order, so each is unique for that printer.
+// Printers and paper sizes as Qt reports them; paper bins from CUPS, which Qt does not
+// expose. Sizes without a Windows code get codes from 256 up, in the printer's order, so
+// each is unique for that printer.
 class SystemPrinterInfo final : public PrinterInfo
 {
 public:
@@ -22,20 +27,26 @@ public:
     QList<PaperSizeInfo> paperSizes(const QString &printer) const override
     {
         QList<PaperSizeInfo> sizes;
-        const QPrinterInfo info = QPrinterInfo::printerInfo(printer);
+        const QPrinterInfo info = QPrinterInfo::printerInfo(FindPrinter(*this, printer));
         if (info.isNull())
             return sizes;
-        int nextCustom = 256;
+        int nextCustom = FirstPrinterPaperCode;
         for (const QPageSize &size : info.supportedPageSizes())
             sizes.append(describe(size, nextCustom));
         return sizes;
     }
 
-    QList<PaperBinInfo> paperBins(const QString &) const override { return {}; }
+    QList<PaperBinInfo> paperBins(const QString &printer) const override
+    {
+        QList<PaperBinInfo> bins;
+        for (const CupsPaperBin &bin : ReadCupsQueue(FindPrinter(*this, printer)).bins)
+            bins.append({bin.name, bin.code});
+        return bins;
+    }
 
     int currentPaperSize(const QString &printer) const override
     {
-        const QPrinterInfo info = QPrinterInfo::printerInfo(printer);
+        const QPrinterInfo info = QPrinterInfo::printerInfo(FindPrinter(*this, printer));
         if (info.isNull())
             return 0;
         const QPageSize current = info.defaultPageSize();
@@ -46,14 +57,21 @@ public:
         return current.windowsId();
     }
 
-    int currentPaperBin(const QString &) const override { return 0; }
+    int currentPaperBin(const QString &printer) const override
+    {
+        const CupsQueue queue = ReadCupsQueue(FindPrinter(*this, printer));
+        const CupsPaperBin *bin = queue.binByKeyword(queue.defaultBin);
+        return bin ? bin->code : 0;
+    }
 
 private:
     static PaperSizeInfo describe(const QPageSize &size, int &nextCustom)
     {
         PaperSizeInfo paper;
         paper.name = size.name();
-        paper.code = size.windowsId() > 0 ? size.windowsId() : nextCustom++;
+        // Qt gives every size of its own the code 256 (user-defined).
+        const int code = size.id() == QPageSize::Custom ? 0 : size.windowsId();
+        paper.code = code > 0 && code < FirstPrinterPaperCode ? code : nextCustom++;
         const QSizeF points = size.size(QPageSize::Point);
         paper.widthTwips = int(std::lround(points.width() * twipsPerPoint));
         paper.heightTwips = int(std::lround(points.height() * twipsPerPoint));

@@ -1,0 +1,73 @@
+#include "PrintingMenu.h"
+
+#include "MainWindow.h"
+#include "TestPage.h"
+
+#include "library/LateBinding.h"
+#include "printing/PrinterInfo.h"
+#include "printing/ReferenceReport.h"
+
+#include <QAction>
+#include <QDir>
+#include <QGuiApplication>
+#include <QInputDialog>
+#include <QMenu>
+
+using namespace bravcpl5;
+
+namespace {
+
+// The configuration to print with: the only one, the first when nobody can choose
+// (offscreen, as in the tour), else the user's choice; "" when cancelled or none.
+QString chooseConfiguration(MainWindow &window, QStringList names)
+{
+    names.removeAll(QString());
+    if (names.size() <= 1 || QGuiApplication::platformName() == QLatin1String("offscreen"))
+        return names.value(0);
+    bool ok = false;
+    const QString name = QInputDialog::getItem(&window, QStringLiteral("Print a Test Page"),
+                                               QStringLiteral("Printer configuration:"), names, 0, false, &ok);
+    return ok ? name : QString();
+}
+
+void printTestPage(MainWindow &window)
+{
+    // Through the published names only, as the host's reports would.
+    QObject *store = late::object(window.library(), "PrinterConfigurations");
+    const QString name = chooseConfiguration(window, late::value(store, "GetPrinterConfigurations", {true}).toStringList());
+    if (name.isEmpty()) {
+        window.log(QStringLiteral("Test page: no printer configuration to print with"));
+        return;
+    }
+    ReferenceReport report;
+    report.setDocumentName(QStringLiteral("Test page - %1").arg(name));
+    late::call(store, "SetupPageFromPrinterConfiguration", {name, QVariant::fromValue<QObject *>(&report), false});
+
+    // A printer that is assigned and installed gets the page; otherwise it goes to a PDF.
+    const QString printer = FindPrinter(CurrentPrinterInfo(), report.printer()->deviceName());
+    if (printer.isEmpty())
+        report.setOutputFileName(QDir(window.outputFolder()).filePath(QStringLiteral("test-page-%1.pdf").arg(name)));
+    const TestPageInfo info{name, printer, report.pageSettings()->paperSize(), report.pageSettings()->paperSource(),
+                            report.printWidth()};
+    const bool printed = report.print([&](QPainter &painter, const ReportPageToDraw &page) {
+        return DrawTestPage(painter, page, report.lastPage(), info);
+    });
+    if (!printed)
+        window.log(QStringLiteral("Test page with \"%1\": printing failed").arg(name));
+    else if (printer.isEmpty())
+        window.log(QStringLiteral("Test page with \"%1\" written to %2").arg(name, report.outputFileName()));
+    else
+        window.log(QStringLiteral("Test page with \"%1\" sent to %2 as job %3").arg(name, printer).arg(report.lastJobId()));
+    for (const QString &change : report.lastPage().adjustments)
+        window.log(QStringLiteral("  changed for the printer: %1").arg(change));
+}
+
+} // namespace
+
+void addPrintingMenu(MainWindow &window)
+{
+    QMenu *menu = window.addSubsystemMenu(QStringLiteral("&Printing"));
+    QAction *testPage = menu->addAction(QStringLiteral("Print a test page with a configuration..."));
+    QObject::connect(testPage, &QAction::triggered, &window, [&window]() { printTestPage(window); });
+    window.addTourAction(testPage, QStringLiteral("printing-test-page"));
+}

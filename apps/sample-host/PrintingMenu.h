@@ -1,0 +1,6 @@
+#pragma once
+
+class MainWindow;
+
+// The printing menu: prints a test page with a printer configuration.
+void addPrintingMenu(MainWindow &window);

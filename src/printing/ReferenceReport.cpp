@@ -1,0 +1,83 @@
+#include "printing/ReferenceReport.h"
+
+#include <QDir>
+#include <QPainter>
+#include <QPrinter>
+#include <QTemporaryDir>
+
+namespace bravcpl5 {
+
+ReferenceReport::ReferenceReport(QObject *parent)
+    : QObject(parent)
+{
+    m_printer.setObjectName(QStringLiteral("Printer"));
+    m_printer.setParent(this);
+    m_pageSettings.setObjectName(QStringLiteral("PageSettings"));
+    m_pageSettings.setParent(this);
+}
+
+bool ReferenceReport::print(const PageDrawer &drawPage)
+{
+    m_lastJobId = 0;
+    PrinterInfo &printers = CurrentPrinterInfo();
+    // An empty device name means the default printer, as for any report.
+    const QString device = m_printer.deviceName();
+    const QString queue = FindPrinter(printers, device.isEmpty() ? printers.defaultPrinterName() : device);
+    const bool toPdf = !m_outputFileName.isEmpty();
+    if (queue.isEmpty() && !toPdf)
+        return false;
+    // A PDF for a named printer shows what that printer would get.
+    const CupsQueue cups = ReadCupsQueue(queue);
+    m_lastPage = ResolveReportPage(m_pageSettings.values(), cups, printers.paperSizes(queue));
+    if (toPdf)
+        return render(m_outputFileName, drawPage);
+
+    // Qt's CUPS engine has no public way to pass a job option such as the input slot, so
+    // the pages go to a PDF that is sent with libcups and exactly the options chosen here.
+    // The PDF pages are already turned, so no orientation option is sent.
+    QTemporaryDir folder;
+    const QString pdf = QDir(folder.path()).filePath(QStringLiteral("report.pdf"));
+    if (!folder.isValid() || !render(pdf, drawPage))
+        return false;
+    CupsOptions options;
+    if (!m_lastPage.mediaKeyword.isEmpty())
+        options.append({QStringLiteral("media"), m_lastPage.mediaKeyword});
+    if (!m_lastPage.binKeyword.isEmpty())
+        options.append({cups.binOption, m_lastPage.binKeyword});
+    m_lastJobId = SubmitCupsJob(queue, pdf, m_documentName, options);
+    return m_lastJobId > 0;
+}
+
+bool ReferenceReport::render(const QString &pdfFile, const PageDrawer &drawPage) const
+{
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(pdfFile);
+    printer.setDocName(m_documentName);
+    printer.setCreator(QStringLiteral("bravcpl5"));
+    // The margins are already within the printable area (QPrinter refuses them otherwise);
+    // drawing uses the whole paper so that mirrored pages can move their margins.
+    QPageLayout layout(m_lastPage.paper, m_lastPage.orientation, m_lastPage.margins / TwipsPerPoint,
+                       QPageLayout::Point);
+    layout.setMode(QPageLayout::FullPageMode);
+    if (!printer.setPageLayout(layout))
+        return false;
+
+    QPainter painter;
+    if (!painter.begin(&printer))
+        return false;
+    const double scale = printer.resolution() / TwipsPerInch;
+    const QRectF paper(QPointF(0, 0), m_lastPage.paperTwips());
+    for (int number = 1;; ++number) {
+        painter.save();
+        painter.scale(scale, scale);
+        const bool more = drawPage && drawPage(painter, {number, paper, m_lastPage.contentRect(number)});
+        painter.restore();
+        if (!more)
+            break;
+        printer.newPage();
+    }
+    return painter.end();
+}
+
+} // namespace bravcpl5
