@@ -1,20 +1,21 @@
 #include "SampleReport.h"
 
-#include "ConfigurationPage.h"
 #include "SampleProducts.h"
 
 #include "layout/GeneralReportLayout.h"
 #include "layout/ReportField.h"
 #include "layout/ReportLabel.h"
 #include "library/LateBinding.h"
+#include "library/Units.h"
 #include "library/ValueRules.h"
 #include "library/Xml.h"
+#include "printing/ReferenceReport.h"
 
 #include <QDateTime>
 #include <QLocale>
 #include <QPainter>
-#include <QPdfWriter>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace {
@@ -35,9 +36,8 @@ constexpr qint16 alignLeft = 0, alignRight = 1;
 constexpr qint16 presetBottom = 2, presetDoubleBottom = 3, presetTopBottom = 4, presetThickTop = 13;
 constexpr qint32 gray25 = 0xC0C0C0, paleGray = 0xF0F0F0, darkRed = 0x000080;
 
-constexpr double twipsPerInch = 1440;
 // Room between the text and the lines of a row with borders above and below.
-constexpr double ruledRowPadding = twipsPerInch / 24;
+constexpr double ruledRowPadding = TwipsPerInch / 24;
 
 // One line of a band: its controls side by side, as high as its tallest font.
 struct Row {
@@ -216,7 +216,7 @@ private:
         furniture(l.printDate, FormatPrintDate(l.printDate.format, now.date()), PrintDate, l.printDate.alignment, m_header);
         furniture(l.printTime, FormatPrintTime(l.printTime.format, now.time()), PrintTime, l.printDate.alignment, m_header);
         if (!m_header.empty())
-            m_header.push_back(spacer(twipsPerInch / 6));
+            m_header.push_back(spacer(TwipsPerInch / 6));
     }
 
     void buildColumnHeadings()
@@ -232,7 +232,7 @@ private:
             m_make.format(heading, "ApplyBorderToControl", presetBottom);
         }
         m_columnHeadings.push_back(row);
-        m_columnHeadings.push_back(spacer(twipsPerInch / 24));
+        m_columnHeadings.push_back(spacer(TwipsPerInch / 24));
     }
 
     void buildBody()
@@ -274,7 +274,7 @@ private:
             m_make.format(groupSum, "ApplyBorderToControl", presetTopBottom);
             footer.height += ruledRowPadding;
             m_body.push_back(footer);
-            m_body.push_back(spacer(twipsPerInch / 8));
+            m_body.push_back(spacer(TwipsPerInch / 8));
             total += sum;
             first = next;
         }
@@ -296,7 +296,7 @@ private:
     {
         const GeneralReportLayout &l = m_layout;
         if (l.extraLine.show || l.pageNumber.show)
-            m_footer.push_back(spacer(twipsPerInch / 12));
+            m_footer.push_back(spacer(TwipsPerInch / 12));
         furniture(l.extraLine, l.extraLine.label, ExtraLine, l.extraLine.alignment, m_footer);
         if (l.pageNumber.show) {
             Row row;
@@ -359,25 +359,29 @@ SampleReportOutcome PrintSampleReport(QObject *library, const QList<SampleProduc
     if (layout.useOwnPrinterConfiguration)
         outcome.printerConfiguration = layout.printerConfiguration;
 
-    QPdfWriter writer(pdfFile);
-    writer.setResolution(int(twipsPerInch)); // device units are twips
-    writer.setTitle(QStringLiteral("Product List"));
-    writer.setCreator(QStringLiteral("bravcpl5 Sample Host"));
-    writer.setPageLayout(PageLayoutFromConfiguration(late::object(library, "SharedCodeLibrary"),
-                                                     outcome.printerConfiguration));
-    const QRectF content = writer.pageLayout().paintRectPixels(writer.resolution());
-
-    SampleReport report(reportLayout, layout, products, content.width());
-    report.paginate(content.height());
-    QPainter painter;
-    if (!painter.begin(&writer))
-        return outcome;
-    for (int page = 0; page < report.pageCount(); ++page) {
-        if (page > 0)
-            writer.newPage();
-        report.drawPage(painter, page);
+    // The page comes from the printer configuration, applied to the report object by the
+    // library as for any report the host prints.
+    ReferenceReport printed;
+    printed.setDocumentName(QStringLiteral("Product List"));
+    printed.setOutputFileName(pdfFile);
+    if (!outcome.printerConfiguration.isEmpty()) {
+        late::call(late::object(library, "PrinterConfigurations"), "SetupPageFromPrinterConfiguration",
+                   {outcome.printerConfiguration, QVariant::fromValue<QObject *>(&printed), false});
     }
-    outcome.written = painter.end();
-    outcome.pages = report.pageCount();
+
+    // Every page has the same content area, so the report is laid out on the first one.
+    std::optional<SampleReport> report;
+    outcome.written = printed.print([&](QPainter &painter, const ReportPageToDraw &page) {
+        if (!report) {
+            report.emplace(reportLayout, layout, products, page.content.width());
+            report->paginate(page.content.height());
+        }
+        painter.save();
+        painter.translate(page.content.topLeft());
+        report->drawPage(painter, page.number - 1);
+        painter.restore();
+        return page.number < report->pageCount();
+    });
+    outcome.pages = report ? report->pageCount() : 0;
     return outcome;
 }

@@ -1,6 +1,7 @@
 #include "library/WindowPositions.h"
 
 #include "library/Registry.h"
+#include "library/Units.h"
 #include "library/ValueRules.h"
 
 #include <QStringList>
@@ -11,10 +12,9 @@ namespace bravcpl5 {
 
 namespace {
 
-constexpr double twipsPerInch = 1440.0;
 
-int toPixels(qint32 twips, int dpi) { return int(std::lround(twips * double(dpi) / twipsPerInch)); }
-qint64 toTwips(int pixels, int dpi) { return std::llround(pixels * twipsPerInch / double(dpi)); }
+int toPixels(qint32 twips, int dpi) { return int(std::lround(twips * double(dpi) / TwipsPerInch)); }
+qint64 toTwips(int pixels, int dpi) { return std::llround(pixels * TwipsPerInch / double(dpi)); }
 
 } // namespace
 

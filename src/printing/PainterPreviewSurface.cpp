@@ -1,12 +1,13 @@
 #include "printing/PainterPreviewSurface.h"
 
+#include "library/Units.h"
+
 #include <QFontMetricsF>
 #include <QPaintDevice>
 
 namespace bravcpl5 {
 
 namespace {
-constexpr double twipsPerInch = 1440.0;
 }
 
 PainterPreviewSurface::PainterPreviewSurface(QPaintDevice &device, const QColor &background)
@@ -16,18 +17,18 @@ PainterPreviewSurface::PainterPreviewSurface(QPaintDevice &device, const QColor 
 
 float PainterPreviewSurface::scaleWidth() const
 {
-    return float(m_device.width() * twipsPerInch / m_device.logicalDpiX());
+    return float(m_device.width() * TwipsPerInch / m_device.logicalDpiX());
 }
 
 float PainterPreviewSurface::scaleHeight() const
 {
-    return float(m_device.height() * twipsPerInch / m_device.logicalDpiY());
+    return float(m_device.height() * TwipsPerInch / m_device.logicalDpiY());
 }
 
 QPointF PainterPreviewSurface::toPixels(QPointF twips) const
 {
-    return {twips.x() * m_device.logicalDpiX() / twipsPerInch,
-            twips.y() * m_device.logicalDpiY() / twipsPerInch};
+    return {twips.x() * m_device.logicalDpiX() / TwipsPerInch,
+            twips.y() * m_device.logicalDpiY() / TwipsPerInch};
 }
 
 void PainterPreviewSurface::drawRectangle(QPointF from, QPointF to)

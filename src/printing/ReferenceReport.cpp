@@ -50,8 +50,11 @@ bool ReferenceReport::print(const PageDrawer &drawPage)
 
 bool ReferenceReport::render(const QString &pdfFile, const PageDrawer &drawPage) const
 {
+    // Device units are twips, so pages draw in twips and fonts given in points come out
+    // at their size (a scaled painter would scale them again).
     QPrinter printer(QPrinter::HighResolution);
     printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setResolution(int(TwipsPerInch));
     printer.setOutputFileName(pdfFile);
     printer.setDocName(m_documentName);
     printer.setCreator(QStringLiteral("bravcpl5"));
@@ -66,11 +69,9 @@ bool ReferenceReport::render(const QString &pdfFile, const PageDrawer &drawPage)
     QPainter painter;
     if (!painter.begin(&printer))
         return false;
-    const double scale = printer.resolution() / TwipsPerInch;
     const QRectF paper(QPointF(0, 0), m_lastPage.paperTwips());
     for (int number = 1;; ++number) {
         painter.save();
-        painter.scale(scale, scale);
         const bool more = drawPage && drawPage(painter, {number, paper, m_lastPage.contentRect(number)});
         painter.restore();
         if (!more)

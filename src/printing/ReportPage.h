@@ -5,6 +5,7 @@
 // the printer cannot take is replaced by the nearest one it can, and every such change is
 // noted, never dropped in silence.
 
+#include "library/Units.h"
 #include "printing/CupsQueue.h"
 #include "printing/PrinterInfo.h"
 
@@ -15,9 +16,6 @@
 #include <QStringList>
 
 namespace bravcpl5 {
-
-constexpr double TwipsPerInch = 1440.0;
-constexpr double TwipsPerPoint = 20.0;
 
 // A report's page settings: paper and bin codes, lengths in twips, orientation 1 portrait
 // and 2 landscape. The defaults are those of a fresh report (Letter, one-inch margins).

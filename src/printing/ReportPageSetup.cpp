@@ -16,7 +16,7 @@ QString name(const char *member) { return QString::fromLatin1(member); }
 // A length in inches as twips; none when the twip count is beyond a single.
 std::optional<float> twips(pugi::xml_node node, const char *member, float defaultInches)
 {
-    return values::toSingle(double(GetXmlSingle(name(member), node, defaultInches)) * twipsPerInch);
+    return values::toSingle(double(GetXmlSingle(name(member), node, defaultInches)) * TwipsPerInch);
 }
 
 void setLength(QObject *settings, const char *member, std::optional<float> value)
@@ -49,7 +49,7 @@ void ApplyPageSetupToReport(pugi::xml_node node, QObject *report)
     // The gutter goes through the twips conversion twice: 0.5 inch reaches the report as
     // 1036800. Reports laid out against this behaviour depend on it, so it stays.
     if (const auto gutter = twips(node, report::gutter, 0))
-        setLength(settings, report::gutter, values::toSingle(double(*gutter) * twipsPerInch));
+        setLength(settings, report::gutter, values::toSingle(double(*gutter) * TwipsPerInch));
     late::set(settings, report::mirrorMargins, GetXmlInteger(name(report::mirrorMargins), node, 0) > 0);
     late::set(settings, report::orientation,
               GetXmlInteger(name(report::orientation), node, 0) == 0 ? report::portrait

@@ -2,13 +2,13 @@
 
 // Copies a configuration's page setup onto a report object (printing/ReportContract.h).
 
+#include "library/Units.h"
+
 #include <pugixml.hpp>
 
 class QObject;
 
 namespace bravcpl5 {
-
-inline constexpr int twipsPerInch = 1440;
 
 // Sets the report's eleven page settings from the "PageSetup" element, in order, and then
 // its print width from what the page settings read back. A value that cannot be converted

@@ -1,5 +1,6 @@
 #include "printing/PrinterInfo.h"
 
+#include "library/Units.h"
 #include "printing/CupsQueue.h"
 #include "printing/PaperBinCodes.h"
 
@@ -11,7 +12,6 @@ namespace bravcpl5 {
 
 namespace {
 
-constexpr double twipsPerPoint = 20.0;
 constexpr int FirstPrinterPaperCode = 256;
 
 // Printers and paper sizes as Qt reports them; paper bins from CUPS, which Qt does not
@@ -73,8 +73,8 @@ private:
         const int code = size.id() == QPageSize::Custom ? 0 : size.windowsId();
         paper.code = code > 0 && code < FirstPrinterPaperCode ? code : nextCustom++;
         const QSizeF points = size.size(QPageSize::Point);
-        paper.widthTwips = int(std::lround(points.width() * twipsPerPoint));
-        paper.heightTwips = int(std::lround(points.height() * twipsPerPoint));
+        paper.widthTwips = int(std::lround(points.width() * TwipsPerPoint));
+        paper.heightTwips = int(std::lround(points.height() * TwipsPerPoint));
         return paper;
     }
 };
