@@ -1,5 +1,7 @@
 #include "library/Library.h"
 
+#include "forms/frmGeneralReportFields.h"
+
 #include <new>
 
 namespace bravcpl5 {
@@ -46,6 +48,12 @@ void Library::PreTerminate()
     release(m_printerConfigurations);
     release(m_reportLayout);
     m_host.clear();
+}
+
+bool Library::ShowGeneralReportFields(const QString &ConfigurationFile)
+{
+    return ShowModalForm<frmGeneralReportFields>(
+        [&](frmGeneralReportFields &form) { form.SetConfiguration(ConfigurationFile, this); });
 }
 
 } // namespace bravcpl5
