@@ -95,4 +95,11 @@ void CellEditor::setModelData(QWidget *editor, QAbstractItemModel *, const QMode
         emit const_cast<CellEditor *>(this)->edited(index, field->text());
 }
 
+QSize CellEditor::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const
+{
+    QSize size = QStyledItemDelegate::sizeHint(option, index);
+    size.setHeight(qMax(size.height(), option.fontMetrics.height() * 3 / 2 + 4));
+    return size;
+}
+
 } // namespace bravcpl5
