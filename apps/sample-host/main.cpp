@@ -4,6 +4,7 @@
 // screenshot of every window it opens, names the folder they are in, and exits.
 
 #include "MainWindow.h"
+#include "ReportSettingsMenu.h"
 #include "SampleHost.h"
 #include "Tour.h"
 
@@ -57,6 +58,7 @@ int main(int argc, char **argv)
     QMetaObject::invokeMethod(library.get(), "Initialize", Q_ARG(QObject *, &host));
 
     MainWindow window(library.get(), &host, outputFolder);
+    addReportSettingsMenu(window);
     window.show();
 
     int result = 0;

@@ -13,6 +13,7 @@
 #include <QApplication>
 #include <QDialog>
 #include <QPointer>
+#include <utility>
 
 namespace bravcpl5 {
 
@@ -51,19 +52,28 @@ private:
     QPointer<Library> m_owner;
 };
 
-// Creates a fresh `Form` over the active window, lets `setUp` hand it its inputs and
-// owner, runs it modally, and returns the negation of its `Cancelled` flag.
-template <typename Form, typename SetUp> bool ShowModalForm(SetUp &&setUp)
+// Creates a fresh `Form` over the active dialog or window, lets `setUp` hand it its inputs
+// and owner, runs it modally, lets `readBack` take its results, and returns the negation
+// of its `Cancelled` flag.
+template <typename Form, typename SetUp, typename ReadBack>
+bool ShowModalForm(SetUp &&setUp, ReadBack &&readBack)
 {
-    QPointer<Form> form = new Form(QApplication::activeWindow());
+    QWidget *over = QApplication::activeModalWidget();
+    QPointer<Form> form = new Form(over ? over : QApplication::activeWindow());
     setUp(*form);
     form->exec();
     // The parent window may have taken the dialog with it while it was open.
     if (!form)
         return false;
+    readBack(*form);
     const bool confirmed = !form->isCancelled();
     delete form.data();
     return confirmed;
+}
+
+template <typename Form, typename SetUp> bool ShowModalForm(SetUp &&setUp)
+{
+    return ShowModalForm<Form>(std::forward<SetUp>(setUp), [](Form &) {});
 }
 
 } // namespace bravcpl5

@@ -1,6 +1,7 @@
 #include "library/Library.h"
 
 #include "forms/frmGeneralReportFields.h"
+#include "forms/frmGeneralReportFilters.h"
 
 #include <new>
 
@@ -48,6 +49,12 @@ void Library::PreTerminate()
     release(m_printerConfigurations);
     release(m_reportLayout);
     m_host.clear();
+}
+
+bool Library::ShowGeneralReportFilters(const QString &ConfigurationFile)
+{
+    return ShowModalForm<frmGeneralReportFilters>(
+        [&](frmGeneralReportFilters &form) { form.SetConfiguration(ConfigurationFile, this); });
 }
 
 bool Library::ShowGeneralReportFields(const QString &ConfigurationFile)

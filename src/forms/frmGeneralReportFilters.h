@@ -1,0 +1,51 @@
+#pragma once
+
+// The report filters dialog: one row per filter of a report's configuration file, each
+// value edited in place with the editor its type calls for (a drop-down list built afresh
+// each time it opens, or free text). OK writes every value back into the file. Cancelled
+// starts True, so only OK reads as confirmed.
+
+#include "filters/FilterDefinitions.h"
+#include "forms/ModalForm.h"
+#include "library/Xml.h"
+
+#include <memory>
+#include <optional>
+
+namespace Ui {
+class frmGeneralReportFilters;
+}
+class QTreeWidgetItem;
+
+namespace bravcpl5 {
+
+class frmGeneralReportFilters : public ModalForm
+{
+    Q_OBJECT
+
+public:
+    explicit frmGeneralReportFilters(QWidget *parent = nullptr);
+    ~frmGeneralReportFilters() override;
+
+    // Keeps the file and owner, and loads the file when it can.
+    void SetConfiguration(const QString &ConfigurationFile, Library *owner);
+
+protected:
+    void firstActivation() override;
+
+private:
+    void LoadItemList();
+    std::optional<QStringList> choicesFor(int row) const;
+    void valueEdited(int row, const QString &text);
+    bool editCustomRange(QDate &start, QDate &end);
+    void showDescription(QTreeWidgetItem *item);
+    void cmdOK_Click();
+    void cmdCancel_Click();
+
+    std::unique_ptr<Ui::frmGeneralReportFilters> ui;
+    QString m_file;
+    XmlDocumentPtr m_document;
+    QList<FilterRow> m_rows; // parallel to the grid's rows
+};
+
+} // namespace bravcpl5
