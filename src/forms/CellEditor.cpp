@@ -89,8 +89,12 @@ void CellEditor::setEditorData(QWidget *editor, const QModelIndex &index) const
 
 void CellEditor::setModelData(QWidget *editor, QAbstractItemModel *, const QModelIndex &index) const
 {
-    if (auto *box = qobject_cast<QComboBox *>(editor))
-        emit const_cast<CellEditor *>(this)->edited(index, box->currentText());
+    // A list commits only what the user picked; the view may ask for a commit otherwise
+    // (when the current row changes under an open editor).
+    if (auto *box = dynamic_cast<ChoiceBox *>(editor)) {
+        if (box->picked)
+            emit const_cast<CellEditor *>(this)->edited(index, box->currentText());
+    }
     else if (auto *field = qobject_cast<QLineEdit *>(editor))
         emit const_cast<CellEditor *>(this)->edited(index, field->text());
 }

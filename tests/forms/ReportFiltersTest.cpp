@@ -12,6 +12,7 @@
 #include "support/MessageRecorder.h"
 #include "support/TestHost.h"
 
+#include <QElapsedTimer>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -239,18 +240,21 @@ TEST_F(FiltersDialog, TypedTextIsStoredAsTyped)
 // dialog, and returns what the row shows once it has closed.
 QString chooseCustomRange(QWidget *dialog, int row, std::function<void(QWidget *)> answer)
 {
-    test::WhenModal(QStringLiteral("frmCustomDateRange"), std::move(answer));
+    bool answered = false;
+    test::WhenModal(QStringLiteral("frmCustomDateRange"), [&](QWidget *range) {
+        answer(range);
+        answered = true;
+    });
     test::OpenChoices(FiltersDialog::grid(dialog), row, 1);
     EXPECT_TRUE(test::PickChoice(QStringLiteral("Custom Date Range")));
-    // The range dialog runs from here, once the cell editor has closed.
-    QString result;
-    QEventLoop wait;
-    test::WhenModal(QStringLiteral("frmGeneralReportFilters"), [&](QWidget *) {
-        result = FiltersDialog::shown(dialog, row);
-        wait.quit();
-    });
-    wait.exec();
-    return result;
+    // The range dialog runs from the event loop once the cell editor has closed.
+    QElapsedTimer clock;
+    clock.start();
+    while (!answered && clock.elapsed() < 5000)
+        test::Settle(10);
+    EXPECT_TRUE(answered) << "the custom date range dialog did not open";
+    test::Settle();
+    return FiltersDialog::shown(dialog, row);
 }
 
 QString fieldText(QWidget *dialog, const char *name)

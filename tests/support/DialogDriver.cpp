@@ -118,9 +118,9 @@ bool PickChoice(const QString &choice)
                              Qt::MatchFixedString | Qt::MatchCaseSensitive);
     if (found.isEmpty())
         return false;
-    list->scrollTo(found.first());
-    const QRect cell = list->visualRect(found.first());
-    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, cell.center());
+    // As a keyboard user does: move to the entry, then Enter.
+    list->setCurrentIndex(found.first());
+    QTest::keyClick(list, Qt::Key_Return);
     Settle();
     return true;
 }

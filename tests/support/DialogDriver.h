@@ -34,7 +34,7 @@ void TypeIntoCell(QAbstractItemView *grid, int row, int column, const QString &t
 // Opens the drop-down editor of cell (row, column) and returns the choices it offers,
 // leaving the list open.
 QStringList OpenChoices(QAbstractItemView *grid, int row, int column);
-// In the open drop-down list, clicks the entry `choice`. False when there is no such entry.
+// In the open drop-down list, moves to the entry `choice` and presses Enter. False when there is no such entry.
 bool PickChoice(const QString &choice);
 
 // Saves a picture of `widget` as <folder>/<name>.png, the folder being
