@@ -4,6 +4,7 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QListView>
+#include <QProxyStyle>
 #include <QStringListModel>
 #include <QTimer>
 #include <utility>
@@ -33,11 +34,28 @@ public:
     }
 };
 
+// Drops the list down under the cell as a list box does, rather than laying it over the
+// cell as a menu: the menu form measures every entry before it shows, which takes long
+// on a list of every vendor.
+class DropDownListStyle : public QProxyStyle
+{
+public:
+    int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+                  QStyleHintReturn *returnData) const override
+    {
+        if (hint == SH_ComboBox_Popup)
+            return 0;
+        return QProxyStyle::styleHint(hint, option, widget, returnData);
+    }
+};
+
 } // namespace
 
 CellEditor::CellEditor(int column, Choices choices, QObject *parent)
-    : QStyledItemDelegate(parent), m_column(column), m_choices(std::move(choices))
+    : QStyledItemDelegate(parent), m_column(column), m_choices(std::move(choices)),
+      m_listStyle(new DropDownListStyle)
 {
+    m_listStyle->setParent(this);
 }
 
 QWidget *CellEditor::createEditor(QWidget *parent, const QStyleOptionViewItem &option,
@@ -50,6 +68,7 @@ QWidget *CellEditor::createEditor(QWidget *parent, const QStyleOptionViewItem &o
         return QStyledItemDelegate::createEditor(parent, option, index);
 
     auto *box = new ChoiceBox(parent);
+    box->setStyle(m_listStyle);
     box->setAccessibleName(index.model()->headerData(index.column(), Qt::Horizontal).toString());
     // A plain list model and uniform rows keep long lists (every vendor) quick to open.
     box->setModel(new QStringListModel(std::move(*choices), box));

@@ -37,6 +37,7 @@ signals:
 private:
     int m_column;
     Choices m_choices;
+    QStyle *m_listStyle;
 };
 
 } // namespace bravcpl5

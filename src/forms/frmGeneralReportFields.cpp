@@ -12,7 +12,7 @@ constexpr int keyRole = Qt::UserRole;
 } // namespace
 
 frmGeneralReportFields::frmGeneralReportFields(QWidget *parent)
-    : ModalForm(parent, true, Placement::Remembered), ui(std::make_unique<Ui::frmGeneralReportFields>())
+    : ReportConfigurationForm(parent), ui(std::make_unique<Ui::frmGeneralReportFields>())
 {
     ui->setupUi(this);
     CellEditor *editor = SetupReportGrid(ui->rptItems, SizeColumn);
@@ -23,20 +23,13 @@ frmGeneralReportFields::frmGeneralReportFields(QWidget *parent)
 
 frmGeneralReportFields::~frmGeneralReportFields() = default;
 
-void frmGeneralReportFields::SetConfiguration(const QString &ConfigurationFile, Library *owner)
-{
-    m_file = ConfigurationFile;
-    setOwner(owner);
-    m_document = LoadXmlFile(ConfigurationFile);
-}
-
 void frmGeneralReportFields::firstActivation() { LoadItemList(); }
 
 void frmGeneralReportFields::LoadItemList()
 {
     ui->rptItems->clear();
     QList<QTreeWidgetItem *> rows;
-    for (const ReportField &field : LoadReportFields(m_document.get())) {
+    for (const ReportField &field : LoadReportFields(document())) {
         auto *row = new QTreeWidgetItem({field.label, field.size});
         row->setData(FieldColumn, keyRole, field.key);
         row->setFlags(row->flags() | Qt::ItemIsEditable);
@@ -69,7 +62,7 @@ void frmGeneralReportFields::sizeEdited(const QModelIndex &index, const QString 
 
 void frmGeneralReportFields::cmdOK_Click()
 {
-    SaveReportFields(m_document.get(), items(), m_file);
+    SaveReportFields(document(), items(), configurationFile());
     setCancelled(false);
     accept();
 }

@@ -5,8 +5,7 @@
 // True, so Cancel, Esc and the close box all read as cancelled.
 
 #include "filters/ReportFields.h"
-#include "forms/ModalForm.h"
-#include "library/Xml.h"
+#include "forms/ReportConfigurationForm.h"
 
 #include <memory>
 
@@ -16,16 +15,13 @@ class frmGeneralReportFields;
 
 namespace bravcpl5 {
 
-class frmGeneralReportFields : public ModalForm
+class frmGeneralReportFields : public ReportConfigurationForm
 {
     Q_OBJECT
 
 public:
     explicit frmGeneralReportFields(QWidget *parent = nullptr);
     ~frmGeneralReportFields() override;
-
-    // Keeps the file and owner, and loads the file when it can.
-    void SetConfiguration(const QString &ConfigurationFile, Library *owner);
 
 protected:
     void firstActivation() override;
@@ -37,8 +33,6 @@ private:
     void cmdOK_Click();
 
     std::unique_ptr<Ui::frmGeneralReportFields> ui;
-    QString m_file;
-    XmlDocumentPtr m_document;
 };
 
 } // namespace bravcpl5

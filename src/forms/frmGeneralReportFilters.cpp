@@ -15,7 +15,7 @@ constexpr int descriptionRole = Qt::UserRole + 1;
 } // namespace
 
 frmGeneralReportFilters::frmGeneralReportFilters(QWidget *parent)
-    : ModalForm(parent, true, Placement::Remembered), ui(std::make_unique<Ui::frmGeneralReportFilters>())
+    : ReportConfigurationForm(parent), ui(std::make_unique<Ui::frmGeneralReportFilters>())
 {
     ui->setupUi(this);
     ui->rptItems->setColumnHidden(TypeColumn, true);
@@ -39,19 +39,12 @@ frmGeneralReportFilters::frmGeneralReportFilters(QWidget *parent)
 
 frmGeneralReportFilters::~frmGeneralReportFilters() = default;
 
-void frmGeneralReportFilters::SetConfiguration(const QString &ConfigurationFile, Library *owner)
-{
-    m_file = ConfigurationFile;
-    setOwner(owner);
-    m_document = LoadXmlFile(ConfigurationFile);
-}
-
 void frmGeneralReportFilters::firstActivation() { LoadItemList(); }
 
 void frmGeneralReportFilters::LoadItemList()
 {
     ui->rptItems->clear();
-    m_rows = m_document ? LoadFilterRows(host(), *m_document) : QList<FilterRow>();
+    m_rows = document() ? LoadFilterRows(host(), *document()) : QList<FilterRow>();
     QList<QTreeWidgetItem *> items;
     items.reserve(m_rows.size());
     for (const FilterRow &row : std::as_const(m_rows)) {
@@ -130,7 +123,7 @@ void frmGeneralReportFilters::cmdOK_Click()
 {
     // Only a successful save confirms the dialog; a file that could not be loaded has
     // nothing to write.
-    if (!m_document || SaveFilterValues(*m_document, m_rows, m_file))
+    if (!document() || SaveFilterValues(*document(), m_rows, configurationFile()))
         setCancelled(false);
     accept();
 }

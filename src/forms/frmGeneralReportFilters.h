@@ -6,8 +6,7 @@
 // starts True, so only OK reads as confirmed.
 
 #include "filters/FilterDefinitions.h"
-#include "forms/ModalForm.h"
-#include "library/Xml.h"
+#include "forms/ReportConfigurationForm.h"
 
 #include <memory>
 #include <optional>
@@ -19,16 +18,13 @@ class QTreeWidgetItem;
 
 namespace bravcpl5 {
 
-class frmGeneralReportFilters : public ModalForm
+class frmGeneralReportFilters : public ReportConfigurationForm
 {
     Q_OBJECT
 
 public:
     explicit frmGeneralReportFilters(QWidget *parent = nullptr);
     ~frmGeneralReportFilters() override;
-
-    // Keeps the file and owner, and loads the file when it can.
-    void SetConfiguration(const QString &ConfigurationFile, Library *owner);
 
 protected:
     void firstActivation() override;
@@ -43,8 +39,6 @@ private:
     void cmdCancel_Click();
 
     std::unique_ptr<Ui::frmGeneralReportFilters> ui;
-    QString m_file;
-    XmlDocumentPtr m_document;
     QList<FilterRow> m_rows; // parallel to the grid's rows
 };
 

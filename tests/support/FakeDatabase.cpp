@@ -16,13 +16,19 @@ QString FakeDatabase::ExecuteRead(const QString &sql)
     ++reads;
     const QString field = selectedField(sql);
     const QStringList rows = fields.value(field);
+    // The same unchanged list is answered from the last answer, as a host's cache would.
+    if (const auto cached = m_answers.constFind(field);
+        cached != m_answers.constEnd() && cached->rows.isSharedWith(rows))
+        return cached->xml;
     QString xml;
     xml.reserve(rows.size() * (2 * field.size() + 40) + 40);
     xml += QStringLiteral("<Records>");
     for (const QString &row : rows) {
-        xml += QStringLiteral("<Record><%1>%2</%1></Record>").arg(field, row.toHtmlEscaped());
+        xml += QLatin1String("<Record><") + field + QLatin1Char('>') + row.toHtmlEscaped()
+               + QLatin1String("</") + field + QLatin1String("></Record>");
     }
     xml += QStringLiteral("</Records>");
+    m_answers.insert(field, {rows, xml});
     return xml;
 }
 
@@ -34,6 +40,8 @@ QVariant FakeDatabase::GetRecordValue2(const QString &record, const QString &fie
     if (start < 0 || end < 0)
         return QString();
     QString value = record.mid(start + open.size(), end - start - open.size());
+    if (!value.contains(QLatin1Char('&')))
+        return value;
     return value.replace(QLatin1String("&lt;"), QLatin1String("<"))
         .replace(QLatin1String("&gt;"), QLatin1String(">"))
         .replace(QLatin1String("&quot;"), QLatin1String("\""))

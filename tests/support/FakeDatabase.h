@@ -33,6 +33,12 @@ public:
 
 private:
     static QString selectedField(const QString &sql);
+
+    struct Answer {
+        QStringList rows;
+        QString xml;
+    };
+    QHash<QString, Answer> m_answers;
 };
 
 } // namespace bravcpl5::test
