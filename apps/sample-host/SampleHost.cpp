@@ -1,5 +1,9 @@
 #include "SampleHost.h"
 
+#include "database/HostBravSql.h"
+#include "database/HostCommon.h"
+#include "database/SqliteDatabase.h"
+
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
@@ -27,9 +31,22 @@ QString SampleOptions::UserFileLocation(const QString &kind) const
 }
 
 SampleHost::SampleHost(const QString &dataFolder, QObject *parent)
-    : QObject(parent), m_dataFolder(dataFolder), m_options(dataFolder)
+    : QObject(parent),
+      m_dataFolder(dataFolder),
+      m_options(dataFolder),
+      m_database(OpenSqliteDatabase(QDir(dataFolder).filePath(QStringLiteral("Sample.sqlite")),
+                                    QStringLiteral("sample-host-%1").arg(quintptr(this))))
 {
+    if (m_database) {
+        m_common = std::make_unique<HostCommon>(*m_database);
+        m_bravSql = std::make_unique<HostBravSql>(*m_database);
+    }
 }
+
+SampleHost::~SampleHost() = default;
+
+QObject *SampleHost::common() const { return m_common.get(); }
+QObject *SampleHost::bravSql() const { return m_bravSql.get(); }
 
 void InstallSampleData(const QString &dataFolder)
 {

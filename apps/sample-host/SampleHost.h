@@ -4,10 +4,16 @@
 // (library/HostContract.h) over the sample settings tree in the user's data folder:
 //   <data>/System/Reports   shared settings files
 //   <data>/User/Reports     this user's settings files
+//   <data>/Sample.sqlite    the dealer's database behind Common and BRAVSQL
 // The settings profile is "Sample".
 
 #include <QObject>
 #include <QString>
+#include <memory>
+
+class HostBravSql;
+class HostCommon;
+class HostDatabase;
 
 class SampleOptions : public QObject
 {
@@ -27,16 +33,26 @@ class SampleHost : public QObject
 {
     Q_OBJECT
     Q_PROPERTY(QObject *Options READ options CONSTANT)
+    Q_PROPERTY(QObject *Common READ common CONSTANT)
+    Q_PROPERTY(QObject *BRAVSQL READ bravSql CONSTANT)
 
 public:
+    // Opens the database, creating it with the sample data on first run; without it,
+    // Common and BRAVSQL are null.
     explicit SampleHost(const QString &dataFolder, QObject *parent = nullptr);
+    ~SampleHost() override;
 
     QObject *options() { return &m_options; }
+    QObject *common() const;
+    QObject *bravSql() const;
     QString dataFolder() const { return m_dataFolder; }
 
 private:
     QString m_dataFolder;
     SampleOptions m_options;
+    std::unique_ptr<HostDatabase> m_database; // declared first: outlives its users
+    std::unique_ptr<HostCommon> m_common;
+    std::unique_ptr<HostBravSql> m_bravSql;
 };
 
 // Copies the embedded sample files into `dataFolder`, leaving files that exist alone.

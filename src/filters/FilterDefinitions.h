@@ -9,7 +9,7 @@
 //   rows = LoadFilterRows(host, *document);            once, on first activation
 //   FilterTypeHasChoices(row.type)                      drop-down editor or free text
 //   FillFilterChoices(host, row.type, row.allowAll)     each time the drop-down opens
-//   ApplyFilterValue(row, chosenText, editor)           after the user changed a value;
+//   ChangeFilterValue(row, chosenText, editor)          after the user changed a value;
 //                                                       `editor` opens the custom date
 //                                                       range dialog (see DateRanges.h)
 //   SaveFilterValues(*document, rows, file)             on OK
@@ -70,6 +70,11 @@ QList<FilterChoice> FillFilterChoices(QObject *host, const QString &type, int al
 // range is passed to `editor` when one is given.
 void ApplyFilterValue(FilterRow &row, const QString &value,
                       const CustomRangeEditor &editor = {});
+
+// The user chose or typed `value` for the row. Choosing "Custom Date Range" starts the
+// range at today to today, unless the row already held a custom range, whose dates it
+// keeps; the range then goes to `editor`. Every value ends in ApplyFilterValue.
+void ChangeFilterValue(FilterRow &row, const QString &value, const CustomRangeEditor &editor);
 
 // The rows of the document's filters, in document order, with resolved values shown
 // through ApplyFilterValue. Empty when the document has no "Filters" element.

@@ -2,7 +2,6 @@
 
 #include "ui_frmGeneralReportFilters.h"
 
-#include "filters/DateRanges.h"
 #include "forms/ReportGrid.h"
 #include "forms/frmCustomDateRange.h"
 
@@ -84,16 +83,7 @@ void frmGeneralReportFilters::valueEdited(int index, const QString &text)
     if (!item || index >= m_rows.size() || text == item->text(ValueColumn))
         return;
     FilterRow &row = m_rows[index];
-    QString value = text;
-    if (IsCustomDateRange(text)) {
-        // A row becoming a custom range starts at today to today; one that already was
-        // keeps its dates.
-        const QDate today = QDate::currentDate();
-        value = row.value.startsWith(QLatin1String(customDateRangeName), Qt::CaseInsensitive)
-                    ? row.value
-                    : CustomDateRangeText(today, today);
-    }
-    ApplyFilterValue(row, value, [this](QDate &start, QDate &end) { return editCustomRange(start, end); });
+    ChangeFilterValue(row, text, [this](QDate &start, QDate &end) { return editCustomRange(start, end); });
     item->setText(ValueColumn, row.valueCaption);
 }
 
