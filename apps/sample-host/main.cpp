@@ -6,6 +6,7 @@
 #include "MainWindow.h"
 #include "PrintingMenu.h"
 #include "ReportMenu.h"
+#include "ReportSettingsMenu.h"
 #include "SampleHost.h"
 #include "Tour.h"
 
@@ -61,6 +62,7 @@ int main(int argc, char **argv)
     MainWindow window(library.get(), &host, outputFolder);
     addPrintingMenu(window);
     addReportMenu(window);
+    addReportSettingsMenu(window);
     window.show();
 
     int result = 0;

@@ -35,6 +35,13 @@ public:
     // Harmless when called again.
     Q_INVOKABLE void PreTerminate();
 
+    // The report filters dialog on a report's configuration file; true when the user
+    // confirmed it with OK and the values were saved, false for Cancel or the close box.
+    Q_INVOKABLE bool ShowGeneralReportFilters(const QString &ConfigurationFile);
+    // The report fields dialog on a report's configuration file; true when the user
+    // confirmed it with OK (the sizes are then saved), false for Cancel or the close box.
+    Q_INVOKABLE bool ShowGeneralReportFields(const QString &ConfigurationFile);
+
 private:
     template <typename T> T *service(QPointer<T> &field);
     template <typename T> void release(QPointer<T> &field);

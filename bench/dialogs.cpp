@@ -1,0 +1,177 @@
+// How quickly the report filters dialog comes up on a large configuration, and how quickly
+// a vendor drop-down opens on a large vendor list. Both run offscreen, from creating the
+// dialog (or starting the edit) to the first frame painted with the rows (or the list).
+
+#include "forms/frmGeneralReportFilters.h"
+#include "library/Library.h"
+#include "library/Registry.h"
+#include "support/FakeDatabase.h"
+#include "support/TestHost.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QListView>
+#include <QLocale>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTreeWidget>
+#include <benchmark/benchmark.h>
+
+namespace {
+
+using namespace bravcpl5;
+
+// Counts the paints of a widget.
+class PaintCounter : public QObject
+{
+public:
+    int paints = 0;
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() == QEvent::Paint)
+            ++paints;
+        return false;
+    }
+};
+
+template <typename Done> void runUntil(Done done)
+{
+    QElapsedTimer clock;
+    clock.start();
+    while (!done() && clock.elapsed() < 10000)
+        QApplication::processEvents(QEventLoop::AllEvents, 1);
+}
+
+QByteArray configurationWithFilters(int count)
+{
+    static const char *const types[] = {"daterange", "vendor", "manufacturer", "boolean",
+                                        "productsource", "producttype", "", "product"};
+    static const char *const values[] = {"Last Week", "[1stvendor]", "Alpha Blinds", "yes",
+                                         "stock", "Shutters", "some text", ""};
+    QByteArray xml = "<?xml version=\"1.0\"?>\n<Report><Filters>\n";
+    for (int i = 0; i < count; ++i) {
+        const int kind = i % 8;
+        xml += QStringLiteral("<Filter%1 label=\"Filter number %1\" type=\"%2\" allowall=\"1\" "
+                              "value=\"%3\" description=\"What filter %1 selects.\"/>\n")
+                   .arg(i)
+                   .arg(QLatin1String(types[kind]), QLatin1String(values[kind]))
+                   .toUtf8();
+    }
+    return xml + "</Filters></Report>\n";
+}
+
+struct Setting {
+    Setting(int filters, int vendors)
+    {
+        QStringList names;
+        names.reserve(vendors);
+        for (int i = 0; i < vendors; ++i)
+            names.append(QStringLiteral("Vendor %1").arg(i, 6, 10, QLatin1Char('0')));
+        database.fields = {{"VendorName", names}, {"Manufacturer", {"Alpha Blinds"}}};
+        host.setBravSql(&database);
+        host.setCommon(&database);
+        library.Initialize(&host);
+        file = host.writeSystemFile(QStringLiteral("Large.rpx"), configurationWithFilters(filters));
+    }
+    ~Setting() { library.PreTerminate(); }
+
+    test::TestHost host;
+    test::FakeDatabase database;
+    Library library;
+    QString file;
+};
+
+void BM_OpenFiltersDialog(benchmark::State &state)
+{
+    Setting setting(int(state.range(0)), 100);
+    for (auto _ : state) {
+        frmGeneralReportFilters form;
+        form.SetConfiguration(setting.file, &setting.library);
+        PaintCounter counter;
+        auto *grid = form.findChild<QTreeWidget *>(QStringLiteral("rptItems"));
+        int paintsBeforeRows = -1;
+        form.show();
+        runUntil([&]() {
+            if (paintsBeforeRows < 0 && form.isActivated()) {
+                paintsBeforeRows = counter.paints;
+                grid->viewport()->installEventFilter(&counter);
+            }
+            return paintsBeforeRows >= 0 && counter.paints > 0;
+        });
+        benchmark::DoNotOptimize(grid->topLevelItemCount());
+        state.PauseTiming();
+        form.close();
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(BM_OpenFiltersDialog)->Arg(1000)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void BM_OpenVendorDropDown(benchmark::State &state)
+{
+    Setting setting(2, int(state.range(0)));
+    for (auto _ : state) {
+        // A dialog of its own for each round; only opening the drop-down is timed.
+        state.PauseTiming();
+        frmGeneralReportFilters form;
+        form.SetConfiguration(setting.file, &setting.library);
+        form.show();
+        runUntil([&]() { return form.isActivated(); });
+        auto *grid = form.findChild<QTreeWidget *>(QStringLiteral("rptItems"));
+        const QModelIndex vendorCell = grid->model()->index(1, 1);
+        PaintCounter counter;
+        QListView *list = nullptr;
+        state.ResumeTiming();
+
+        grid->setCurrentIndex(vendorCell);
+        grid->edit(vendorCell);
+        runUntil([&]() {
+            if (!list) {
+                QWidget *popup = QApplication::activePopupWidget();
+                list = popup ? popup->findChild<QListView *>() : nullptr;
+                if (list)
+                    list->viewport()->installEventFilter(&counter);
+            }
+            return list && counter.paints > 0;
+        });
+
+        state.PauseTiming();
+        if (list)
+            state.counters["choices"] = double(list->model()->rowCount());
+        if (QWidget *popup = QApplication::activePopupWidget())
+            popup->hide();
+        form.close();
+        QApplication::processEvents();
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(BM_OpenVendorDropDown)->Arg(100000)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+// The list alone, as the drop-down asks for it: the query through the host and one
+// late-bound read per record.
+void BM_VendorChoices(benchmark::State &state)
+{
+    Setting setting(2, int(state.range(0)));
+    for (auto _ : state)
+        benchmark::DoNotOptimize(FillFilterChoices(&setting.host, QStringLiteral("vendor"), 1));
+}
+BENCHMARK(BM_VendorChoices)->Arg(100000)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QStandardPaths::setTestModeEnabled(true);
+    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
+    QApplication app(argc, argv);
+    // Dialog positions go to a throw-away registry file, not the user's.
+    QTemporaryDir registry;
+    SetRegistryFile(registry.filePath(QStringLiteral("registry.ini")));
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}

@@ -1,0 +1,128 @@
+#include "forms/CellEditor.h"
+
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QListView>
+#include <QProxyStyle>
+#include <QStringListModel>
+#include <QTimer>
+#include <utility>
+
+namespace bravcpl5 {
+
+namespace {
+
+// A drop-down that closes its cell editor when its list closes: picking commits the
+// choice, Esc or a click elsewhere leaves the cell as it was.
+class ChoiceBox : public QComboBox
+{
+public:
+    explicit ChoiceBox(QWidget *parent) : QComboBox(parent) {}
+
+    std::function<void(bool picked)> onClosed;
+    bool picked = false;
+
+    void hidePopup() override
+    {
+        QComboBox::hidePopup();
+        // `activated` may follow the hiding, so the outcome is read once events have run.
+        QTimer::singleShot(0, this, [this]() {
+            if (onClosed)
+                std::exchange(onClosed, nullptr)(picked);
+        });
+    }
+};
+
+// Drops the list down under the cell as a list box does, rather than laying it over the
+// cell as a menu: the menu form measures every entry before it shows, which takes long
+// on a list of every vendor.
+class DropDownListStyle : public QProxyStyle
+{
+public:
+    int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+                  QStyleHintReturn *returnData) const override
+    {
+        if (hint == SH_ComboBox_Popup)
+            return 0;
+        return QProxyStyle::styleHint(hint, option, widget, returnData);
+    }
+};
+
+} // namespace
+
+CellEditor::CellEditor(int column, Choices choices, QObject *parent)
+    : QStyledItemDelegate(parent), m_column(column), m_choices(std::move(choices)),
+      m_listStyle(new DropDownListStyle)
+{
+    m_listStyle->setParent(this);
+}
+
+QWidget *CellEditor::createEditor(QWidget *parent, const QStyleOptionViewItem &option,
+                                  const QModelIndex &index) const
+{
+    if (index.column() != m_column)
+        return nullptr;
+    std::optional<QStringList> choices = m_choices ? m_choices(index) : std::nullopt;
+    if (!choices)
+        return QStyledItemDelegate::createEditor(parent, option, index);
+
+    auto *box = new ChoiceBox(parent);
+    box->setStyle(m_listStyle);
+    box->setAccessibleName(index.model()->headerData(index.column(), Qt::Horizontal).toString());
+    // A plain list model and uniform rows keep long lists (every vendor) quick to open.
+    box->setModel(new QStringListModel(std::move(*choices), box));
+    if (auto *list = qobject_cast<QListView *>(box->view()))
+        list->setUniformItemSizes(true);
+    box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    box->setMaxVisibleItems(16);
+    connect(box, &QComboBox::activated, box, [box]() { box->picked = true; });
+    auto *self = const_cast<CellEditor *>(this);
+    box->onClosed = [self, box](bool picked) {
+        if (picked)
+            emit self->commitData(box);
+        emit self->closeEditor(box, QAbstractItemDelegate::NoHint);
+    };
+    QTimer::singleShot(0, box, &QComboBox::showPopup);
+    return box;
+}
+
+void CellEditor::setEditorData(QWidget *editor, const QModelIndex &index) const
+{
+    auto *box = qobject_cast<QComboBox *>(editor);
+    if (!box) {
+        QStyledItemDelegate::setEditorData(editor, index);
+        return;
+    }
+    // The choice that the shown value is, or begins with (a custom date range shows its
+    // dates after the choice's name).
+    const QString shown = index.data(Qt::DisplayRole).toString();
+    int best = box->findText(shown, Qt::MatchFixedString | Qt::MatchCaseSensitive);
+    for (int i = 0; best < 0 && i < box->count(); ++i) {
+        const QString choice = box->itemText(i);
+        if (!choice.isEmpty() && shown.startsWith(choice + QLatin1Char(' ')))
+            best = i;
+    }
+    box->setCurrentIndex(best);
+}
+
+void CellEditor::setModelData(QWidget *editor, QAbstractItemModel *, const QModelIndex &index) const
+{
+    // A list commits only what the user picked; the view may ask for a commit otherwise
+    // (when the current row changes under an open editor).
+    if (auto *box = dynamic_cast<ChoiceBox *>(editor)) {
+        if (box->picked)
+            emit const_cast<CellEditor *>(this)->edited(index, box->currentText());
+    }
+    else if (auto *field = qobject_cast<QLineEdit *>(editor))
+        emit const_cast<CellEditor *>(this)->edited(index, field->text());
+}
+
+QSize CellEditor::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const
+{
+    QSize size = QStyledItemDelegate::sizeHint(option, index);
+    size.setHeight(qMax(size.height(), option.fontMetrics.height() * 3 / 2 + 4));
+    return size;
+}
+
+} // namespace bravcpl5

@@ -1,0 +1,62 @@
+#include "forms/ModalForm.h"
+
+#include "library/Library.h"
+#include "library/WindowPositions.h"
+
+#include <QKeyEvent>
+#include <QPushButton>
+
+namespace bravcpl5 {
+
+ModalForm::ModalForm(QWidget *parent, bool cancelledAtStart, Placement placement)
+    : QDialog(parent), m_cancelled(cancelledAtStart), m_placement(placement)
+{
+    setSizeGripEnabled(true);
+}
+
+Library *ModalForm::owner() const { return m_owner.data(); }
+
+QObject *ModalForm::host() const { return m_owner ? m_owner->sharedCodeLibrary() : nullptr; }
+
+void ModalForm::setOwner(Library *owner) { m_owner = owner; }
+
+void ModalForm::showEvent(QShowEvent *event)
+{
+    QDialog::showEvent(event);
+    if (m_shown || event->spontaneous())
+        return;
+    m_shown = true;
+    // The form name (set by the .ui) is the key of the stored place.
+    if (m_placement == Placement::Remembered)
+        RestoreWindowPosition(objectName(), this, true);
+    QMetaObject::invokeMethod(
+        this,
+        [this]() {
+            QCoreApplication::processEvents();
+            if (m_activated)
+                return;
+            m_activated = true;
+            firstActivation();
+        },
+        Qt::QueuedConnection);
+}
+
+void ModalForm::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Escape && event->modifiers() == Qt::NoModifier) {
+        if (auto *cancel = findChild<QPushButton *>(QStringLiteral("cmdCancel"))) {
+            cancel->click();
+            return;
+        }
+    }
+    QDialog::keyPressEvent(event);
+}
+
+void ModalForm::done(int result)
+{
+    if (m_placement == Placement::Remembered && m_shown)
+        SaveWindowPosition(objectName(), this);
+    QDialog::done(result);
+}
+
+} // namespace bravcpl5

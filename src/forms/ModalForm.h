@@ -1,0 +1,79 @@
+#pragma once
+
+// What every dialog of the library has in common:
+// - `Cancelled`, the result the opening member reads after the dialog has closed; each
+//   dialog chooses its starting value, and so what closing by the caption's close box means;
+// - Esc presses the dialog's `cmdCancel` button, while the close box only closes it;
+// - a dialog that remembers its place restores it (size included) when it is first shown
+//   and saves it whenever it closes, under its form name;
+// - firstActivation() runs once, after the dialog has been shown and painted, so that
+//   slow loading never delays its appearance.
+// Dialogs are opened through ShowModalForm, which creates a fresh form per call.
+
+#include <QApplication>
+#include <QDialog>
+#include <QPointer>
+#include <utility>
+
+namespace bravcpl5 {
+
+class Library;
+
+class ModalForm : public QDialog
+{
+    Q_OBJECT
+    Q_PROPERTY(bool Cancelled READ isCancelled)
+
+public:
+    bool isCancelled() const { return m_cancelled; }
+    // The Library that opened the dialog, and its host (null when either is missing).
+    Library *owner() const;
+    QObject *host() const;
+    void setOwner(Library *owner);
+    // True once firstActivation() has run.
+    bool isActivated() const { return m_activated; }
+
+protected:
+    enum class Placement { Default, Remembered };
+    ModalForm(QWidget *parent, bool cancelledAtStart, Placement placement);
+
+    void setCancelled(bool cancelled) { m_cancelled = cancelled; }
+    virtual void firstActivation() {}
+
+    void showEvent(QShowEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void done(int result) override;
+
+private:
+    bool m_cancelled;
+    bool m_activated = false;
+    bool m_shown = false;
+    Placement m_placement;
+    QPointer<Library> m_owner;
+};
+
+// Creates a fresh `Form` over the active dialog or window, lets `setUp` hand it its inputs
+// and owner, runs it modally, lets `readBack` take its results, and returns the negation
+// of its `Cancelled` flag.
+template <typename Form, typename SetUp, typename ReadBack>
+bool ShowModalForm(SetUp &&setUp, ReadBack &&readBack)
+{
+    QWidget *over = QApplication::activeModalWidget();
+    QPointer<Form> form = new Form(over ? over : QApplication::activeWindow());
+    setUp(*form);
+    form->exec();
+    // The parent window may have taken the dialog with it while it was open.
+    if (!form)
+        return false;
+    readBack(*form);
+    const bool confirmed = !form->isCancelled();
+    delete form.data();
+    return confirmed;
+}
+
+template <typename Form, typename SetUp> bool ShowModalForm(SetUp &&setUp)
+{
+    return ShowModalForm<Form>(std::forward<SetUp>(setUp), [](Form &) {});
+}
+
+} // namespace bravcpl5

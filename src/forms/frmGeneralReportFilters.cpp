@@ -1,0 +1,127 @@
+#include "forms/frmGeneralReportFilters.h"
+
+#include "ui_frmGeneralReportFilters.h"
+
+#include "forms/ReportGrid.h"
+#include "forms/frmCustomDateRange.h"
+
+namespace bravcpl5 {
+
+namespace {
+enum Column { FilterColumn, ValueColumn, TypeColumn, AllowAllColumn };
+constexpr int identifierRole = Qt::UserRole;
+constexpr int descriptionRole = Qt::UserRole + 1;
+} // namespace
+
+frmGeneralReportFilters::frmGeneralReportFilters(QWidget *parent)
+    : ReportConfigurationForm(parent), ui(std::make_unique<Ui::frmGeneralReportFilters>())
+{
+    ui->setupUi(this);
+    ui->rptItems->setColumnHidden(TypeColumn, true);
+    ui->rptItems->setColumnHidden(AllowAllColumn, true);
+    CellEditor *editor = SetupReportGrid(ui->rptItems, ValueColumn, [this](const QModelIndex &index) {
+        return choicesFor(index.row());
+    });
+    // Queued: a custom date range opens its own dialog, which must not run inside the
+    // closing cell editor.
+    connect(
+        editor, &CellEditor::edited, this,
+        [this](const QModelIndex &index, const QString &text) { valueEdited(index.row(), text); },
+        Qt::QueuedConnection);
+    connect(ui->rptItems, &QTreeWidget::currentItemChanged, this,
+            &frmGeneralReportFilters::showDescription);
+    connect(ui->cmdOK, &QPushButton::clicked, this, &frmGeneralReportFilters::cmdOK_Click);
+    connect(ui->cmdCancel, &QPushButton::clicked, this, &frmGeneralReportFilters::cmdCancel_Click);
+    // Room for two lines of description, so the list does not jump between rows.
+    ui->lblDescription->setMinimumHeight(ui->lblDescription->fontMetrics().lineSpacing() * 2);
+}
+
+frmGeneralReportFilters::~frmGeneralReportFilters() = default;
+
+void frmGeneralReportFilters::firstActivation() { LoadItemList(); }
+
+void frmGeneralReportFilters::LoadItemList()
+{
+    ui->rptItems->clear();
+    m_rows = document() ? LoadFilterRows(host(), *document()) : QList<FilterRow>();
+    QList<QTreeWidgetItem *> items;
+    items.reserve(m_rows.size());
+    for (const FilterRow &row : std::as_const(m_rows)) {
+        auto *item = new QTreeWidgetItem(
+            {row.caption, row.valueCaption, row.type, QString::number(row.allowAll)});
+        item->setData(FilterColumn, identifierRole, row.identifier);
+        item->setData(FilterColumn, descriptionRole, row.description);
+        item->setToolTip(FilterColumn, row.description);
+        item->setToolTip(ValueColumn, row.description);
+        item->setFlags(item->flags() | Qt::ItemIsEditable);
+        items.append(item);
+    }
+    ui->rptItems->addTopLevelItems(items);
+    FitFirstColumn(ui->rptItems);
+    if (!items.isEmpty())
+        ui->rptItems->setCurrentItem(items.first(), ValueColumn);
+}
+
+std::optional<QStringList> frmGeneralReportFilters::choicesFor(int row) const
+{
+    // The type and the all-entry flag are read from the row's hidden columns.
+    const QTreeWidgetItem *item = ui->rptItems->topLevelItem(row);
+    if (!item || !FilterTypeHasChoices(item->text(TypeColumn)))
+        return std::nullopt;
+    QStringList captions;
+    const QList<FilterChoice> choices =
+        FillFilterChoices(host(), item->text(TypeColumn), item->text(AllowAllColumn).toInt());
+    captions.reserve(choices.size());
+    for (const FilterChoice &choice : choices)
+        captions.append(choice.caption);
+    return captions;
+}
+
+void frmGeneralReportFilters::valueEdited(int index, const QString &text)
+{
+    QTreeWidgetItem *item = ui->rptItems->topLevelItem(index);
+    if (!item || index >= m_rows.size() || text == item->text(ValueColumn))
+        return;
+    FilterRow &row = m_rows[index];
+    ChangeFilterValue(row, text, [this](QDate &start, QDate &end) { return editCustomRange(start, end); });
+    item->setText(ValueColumn, row.valueCaption);
+}
+
+bool frmGeneralReportFilters::editCustomRange(QDate &start, QDate &end)
+{
+    QDate chosenStart, chosenEnd;
+    const bool confirmed = ShowModalForm<frmCustomDateRange>(
+        [&](frmCustomDateRange &form) { form.Initialize(start, end, owner()); },
+        [&](frmCustomDateRange &form) {
+            chosenStart = form.startDate();
+            chosenEnd = form.endDate();
+        });
+    // Closed by its close box, the dialog reads as confirmed but has no dates.
+    if (!confirmed || !chosenStart.isValid() || !chosenEnd.isValid())
+        return false;
+    start = chosenStart;
+    end = chosenEnd;
+    return true;
+}
+
+void frmGeneralReportFilters::showDescription(QTreeWidgetItem *item)
+{
+    ui->lblDescription->setText(item ? item->data(FilterColumn, descriptionRole).toString() : QString());
+}
+
+void frmGeneralReportFilters::cmdOK_Click()
+{
+    // Only a successful save confirms the dialog; a file that could not be loaded has
+    // nothing to write.
+    if (!document() || SaveFilterValues(*document(), m_rows, configurationFile()))
+        setCancelled(false);
+    accept();
+}
+
+void frmGeneralReportFilters::cmdCancel_Click()
+{
+    setCancelled(true);
+    reject();
+}
+
+} // namespace bravcpl5
