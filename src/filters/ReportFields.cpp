@@ -16,9 +16,9 @@ QString nameOf(pugi::xml_node node) { return QString::fromUtf8(node.name()); }
 
 } // namespace
 
-QList<ReportField> LoadReportFields(const pugi::xml_document *document)
+QList<OutputField> LoadReportFields(const pugi::xml_document *document)
 {
-    QList<ReportField> fields;
+    QList<OutputField> fields;
     if (!document)
         return fields;
     for (pugi::xml_node node = fieldsElement(*document).first_child(); node;
@@ -34,13 +34,13 @@ QList<ReportField> LoadReportFields(const pugi::xml_document *document)
 
 bool IsAcceptableFieldSize(const QString &text) { return values::isNumeric(text); }
 
-bool SaveReportFields(pugi::xml_document *document, const QList<ReportField> &fields,
+bool SaveReportFields(pugi::xml_document *document, const QList<OutputField> &fields,
                       const QString &file)
 {
     if (!document)
         return false;
     if (const pugi::xml_node element = fieldsElement(*document)) {
-        for (const ReportField &field : fields) {
+        for (const OutputField &field : fields) {
             for (pugi::xml_node node = element.first_child(); node; node = node.next_sibling()) {
                 if (nameOf(node) == field.key) {
                     SetXmlAttribute(node, QStringLiteral("size"), field.size);

@@ -11,14 +11,14 @@
 
 namespace bravcpl5 {
 
-struct ReportField {
+struct OutputField {
     QString key;   // the field element's name
     QString label; // `label`, else the key
     QString size;  // `width`, else "2", until the user changes it
 };
 
 // The fields in document order; empty when there is no document or no "Fields" element.
-QList<ReportField> LoadReportFields(const pugi::xml_document *document);
+QList<OutputField> LoadReportFields(const pugi::xml_document *document);
 
 // A size the user may enter: any number in the locale's syntax, negative ones included.
 bool IsAcceptableFieldSize(const QString &text);
@@ -27,7 +27,7 @@ bool IsAcceptableFieldSize(const QString &text);
 // (fields sharing a key therefore all land on the first one, the last winning), then saves
 // the whole document over `file`, with or without a "Fields" element. False when the save
 // failed or there is no document.
-bool SaveReportFields(pugi::xml_document *document, const QList<ReportField> &fields,
+bool SaveReportFields(pugi::xml_document *document, const QList<OutputField> &fields,
                       const QString &file);
 
 } // namespace bravcpl5

@@ -29,7 +29,7 @@ void frmGeneralReportFields::LoadItemList()
 {
     ui->rptItems->clear();
     QList<QTreeWidgetItem *> rows;
-    for (const ReportField &field : LoadReportFields(document())) {
+    for (const OutputField &field : LoadReportFields(document())) {
         auto *row = new QTreeWidgetItem({field.label, field.size});
         row->setData(FieldColumn, keyRole, field.key);
         row->setFlags(row->flags() | Qt::ItemIsEditable);
@@ -41,9 +41,9 @@ void frmGeneralReportFields::LoadItemList()
         ui->rptItems->setCurrentItem(rows.first(), SizeColumn);
 }
 
-QList<ReportField> frmGeneralReportFields::items() const
+QList<OutputField> frmGeneralReportFields::items() const
 {
-    QList<ReportField> fields;
+    QList<OutputField> fields;
     for (int i = 0; i < ui->rptItems->topLevelItemCount(); ++i) {
         const QTreeWidgetItem *row = ui->rptItems->topLevelItem(i);
         fields.append({row->data(FieldColumn, keyRole).toString(), row->text(FieldColumn),

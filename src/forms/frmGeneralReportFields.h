@@ -28,7 +28,7 @@ protected:
 
 private:
     void LoadItemList();
-    QList<ReportField> items() const;
+    QList<OutputField> items() const;
     void sizeEdited(const QModelIndex &index, const QString &text);
     void cmdOK_Click();
 
