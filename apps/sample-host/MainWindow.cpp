@@ -32,7 +32,15 @@ MainWindow::MainWindow(QObject *library, SampleHost *host, const QString &output
     showStatus();
 }
 
-QMenu *MainWindow::addSubsystemMenu(const QString &title) { return menuBar()->addMenu(title); }
+QMenu *MainWindow::addSubsystemMenu(const QString &title)
+{
+    // Subsystems that share a menu title share the menu.
+    for (QAction *action : menuBar()->actions()) {
+        if (action->menu() && action->text() == title)
+            return action->menu();
+    }
+    return menuBar()->addMenu(title);
+}
 
 void MainWindow::addTourAction(QAction *action, const QString &screenshotName)
 {

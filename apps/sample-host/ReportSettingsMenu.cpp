@@ -15,7 +15,7 @@ namespace {
 QString sampleReport(MainWindow &window)
 {
     return QDir(window.host()->dataFolder())
-        .filePath(QStringLiteral("System/Reports/Dialog Tour Report.xml"));
+        .filePath(QStringLiteral("System/Reports/Order Summary.xml"));
 }
 
 // Opens `member` (ShowGeneralReportFilters or ShowGeneralReportFields) on `file` by name,

@@ -15,6 +15,7 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDir>
+#include <QLocale>
 #include <QStandardPaths>
 #include <QTextStream>
 #include <memory>
@@ -28,6 +29,10 @@ int main(int argc, char **argv)
         qputenv("QT_QPA_PLATFORM", "offscreen");
 
     QApplication app(argc, argv);
+    // The sample files write dates the American way; a machine without a locale of its
+    // own (the C locale of a bare container) reads them so too.
+    if (QLocale::system().language() == QLocale::C)
+        QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
     QApplication::setApplicationName(QStringLiteral("bravcpl5-sample-host"));
     QApplication::setApplicationDisplayName(QStringLiteral("bravcpl5 Sample Host"));
 
