@@ -1,5 +1,7 @@
 #include "support/DialogDriver.h"
 
+#include "support/TestOutput.h"
+
 #include "forms/ModalForm.h"
 
 #include <QAbstractItemView>
@@ -127,11 +129,7 @@ bool PickChoice(const QString &choice)
 
 QString SaveScreenshot(QWidget *widget, const QString &name)
 {
-    QString folder = qEnvironmentVariable("BRAVCPL5_SCREENSHOTS");
-    if (folder.isEmpty())
-        folder = QDir::temp().filePath(QStringLiteral("bravcpl5-screenshots"));
-    QDir().mkpath(folder);
-    const QString path = QDir(folder).filePath(name + QStringLiteral(".png"));
+    const QString path = testOutputPath(name + QStringLiteral(".png"));
     widget->grab().save(path);
     return path;
 }

@@ -37,8 +37,8 @@ QStringList OpenChoices(QAbstractItemView *grid, int row, int column);
 // In the open drop-down list, moves to the entry `choice` and presses Enter. False when there is no such entry.
 bool PickChoice(const QString &choice);
 
-// Saves a picture of `widget` as <folder>/<name>.png, the folder being
-// $BRAVCPL5_SCREENSHOTS or <temp>/bravcpl5-screenshots; returns the file's path.
+// Saves a picture of `widget` as <name>.png in the test output folder (support/TestOutput.h);
+// returns the file's path.
 QString SaveScreenshot(QWidget *widget, const QString &name);
 
 } // namespace bravcpl5::test
