@@ -5,8 +5,9 @@
 #include "forms/frmGeneralReportFilters.h"
 #include "library/Library.h"
 #include "library/Registry.h"
-#include "support/FakeDatabase.h"
-#include "support/TestHost.h"
+
+#include "database/SampleData.h"
+#include "filters/DatabaseHost.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -62,23 +63,17 @@ QByteArray configurationWithFilters(int count)
     return xml + "</Filters></Report>\n";
 }
 
+// The sample host's real SQLite database code, with generated vendors.
 struct Setting {
-    Setting(int filters, int vendors)
+    Setting(int filters, int vendors) : host(NewDatabase::Empty)
     {
-        QStringList names;
-        names.reserve(vendors);
-        for (int i = 0; i < vendors; ++i)
-            names.append(QStringLiteral("Vendor %1").arg(i, 6, 10, QLatin1Char('0')));
-        database.fields = {{"VendorName", names}, {"Manufacturer", {"Alpha Blinds"}}};
-        host.setBravSql(&database);
-        host.setCommon(&database);
+        AddGeneratedVendors(*host.database(), vendors);
         library.Initialize(&host);
         file = host.writeSystemFile(QStringLiteral("Large.rpx"), configurationWithFilters(filters));
     }
     ~Setting() { library.PreTerminate(); }
 
-    test::TestHost host;
-    test::FakeDatabase database;
+    test::DatabaseHost host;
     Library library;
     QString file;
 };
