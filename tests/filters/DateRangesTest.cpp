@@ -16,9 +16,7 @@ struct FormatCase {
 
 void PrintTo(const FormatCase &c, std::ostream *os) { *os << c.name; }
 
-class FormatStringTest : public ::testing::TestWithParam<FormatCase>
-{
-};
+class FormatStringTest : public ::testing::TestWithParam<FormatCase> {};
 
 TEST_P(FormatStringTest, ReplacesPlaceholders)
 {
@@ -55,9 +53,7 @@ struct ParseCase {
 
 void PrintTo(const ParseCase &c, std::ostream *os) { *os << c.name; }
 
-class ParseCustomDateRangeTest : public ::testing::TestWithParam<ParseCase>
-{
-};
+class ParseCustomDateRangeTest : public ::testing::TestWithParam<ParseCase> {};
 
 TEST_P(ParseCustomDateRangeTest, ReadsBothDates)
 {

@@ -47,9 +47,7 @@ struct ListCase {
 
 void PrintTo(const ListCase &c, std::ostream *os) { *os << c.type; }
 
-class DatabaseListTest : public ::testing::TestWithParam<ListCase>
-{
-};
+class DatabaseListTest : public ::testing::TestWithParam<ListCase> {};
 
 TEST_P(DatabaseListTest, AllRowsInTheDatabasesOrder)
 {
@@ -117,9 +115,7 @@ struct TokenCase {
 
 void PrintTo(const TokenCase &c, std::ostream *os) { *os << c.name; }
 
-class ResolveFilterValueTest : public ::testing::TestWithParam<TokenCase>
-{
-};
+class ResolveFilterValueTest : public ::testing::TestWithParam<TokenCase> {};
 
 TEST_P(ResolveFilterValueTest, AgainstTheSampleDatabase)
 {
@@ -156,9 +152,7 @@ struct TopCase {
 
 void PrintTo(const TopCase &c, std::ostream *os) { *os << c.name; }
 
-class TranslateTopTest : public ::testing::TestWithParam<TopCase>
-{
-};
+class TranslateTopTest : public ::testing::TestWithParam<TopCase> {};
 
 TEST_P(TranslateTopTest, BecomesLimit)
 {
@@ -189,9 +183,7 @@ struct RecordCase {
 
 void PrintTo(const RecordCase &c, std::ostream *os) { *os << c.name; }
 
-class GetRecordValueTest : public ::testing::TestWithParam<RecordCase>
-{
-};
+class GetRecordValueTest : public ::testing::TestWithParam<RecordCase> {};
 
 TEST_P(GetRecordValueTest, ReadsOneField)
 {

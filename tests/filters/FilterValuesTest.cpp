@@ -24,9 +24,7 @@ struct ApplyCase {
 
 void PrintTo(const ApplyCase &c, std::ostream *os) { *os << c.name; }
 
-class ApplyFilterValueTest : public ::testing::TestWithParam<ApplyCase>
-{
-};
+class ApplyFilterValueTest : public ::testing::TestWithParam<ApplyCase> {};
 
 TEST_P(ApplyFilterValueTest, SetsValueAndCaptionByType)
 {
@@ -108,9 +106,7 @@ struct EditorCase {
 
 void PrintTo(const EditorCase &c, std::ostream *os) { *os << c.name; }
 
-class DateRangeEditorTest : public ::testing::TestWithParam<EditorCase>
-{
-};
+class DateRangeEditorTest : public ::testing::TestWithParam<EditorCase> {};
 
 TEST_P(DateRangeEditorTest, OnlyCustomRangesOpenItWithTheirDatesOrToday)
 {

@@ -48,9 +48,7 @@ const PresetCase presetCases[] = {
     {"UnknownChangesNothing", {15, -1}, {0, 0, 0, 0}},
 };
 
-class BorderPresets : public ::testing::TestWithParam<PresetCase>
-{
-};
+class BorderPresets : public ::testing::TestWithParam<PresetCase> {};
 
 TEST_P(BorderPresets, Accumulate)
 {
@@ -71,19 +69,14 @@ TEST(ControlFormatting, CodesOutsideTheirRangeChangeNothing)
     control.setProperty("Alignment", 1);
     control.font()->setProperty("Bold", true);
 
-    EXPECT_TRUE(layout.ApplyAlignmentToControl(&control, 3));
-    EXPECT_EQ(control.property("Alignment").toInt(), 1);
-    EXPECT_TRUE(layout.ApplyAlignmentToControl(&control, 2));
-    EXPECT_EQ(control.property("Alignment").toInt(), 2);
-
-    layout.ApplyTextFormatSettingsToControl(&control, 0);
-    EXPECT_TRUE(control.font()->property("Bold").toBool());
-    layout.ApplyTextFormatSettingsToControl(&control, 1);
-    EXPECT_FALSE(control.font()->property("Bold").toBool());
-    layout.ApplyTextFormatSettingsToControl(&control, 3);
-    EXPECT_FALSE(control.font()->property("Bold").toBool());
-    layout.ApplyTextFormatSettingsToControl(&control, 2);
-    EXPECT_TRUE(control.font()->property("Bold").toBool());
+    for (const auto &[code, alignment] : {std::pair{3, 1}, {2, 2}, {-1, 2}}) {
+        EXPECT_TRUE(layout.ApplyAlignmentToControl(&control, qint16(code)));
+        EXPECT_EQ(control.property("Alignment").toInt(), alignment) << code;
+    }
+    for (const auto &[code, bold] : {std::pair{0, true}, {1, false}, {3, false}, {2, true}}) {
+        layout.ApplyTextFormatSettingsToControl(&control, qint16(code));
+        EXPECT_EQ(control.font()->property("Bold").toBool(), bold) << code;
+    }
 }
 
 TEST(ControlFormatting, BackColourZeroMakesTheControlTransparent)

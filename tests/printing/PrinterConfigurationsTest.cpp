@@ -2,6 +2,7 @@
 // checks that speak to the user.
 
 #include "StoreFixture.h"
+#include "library/LateBinding.h"
 #include "support/MessageRecorder.h"
 
 #include <QFileInfo>
@@ -194,15 +195,9 @@ TEST_F(PrinterConfigurationsTest, WithoutAHostEverythingIsEmpty)
 
 TEST_F(PrinterConfigurationsTest, MembersArePublishedByName)
 {
-    QString file;
     host.writeUserFile(QStringLiteral("Letter.pcx"), configurationXml(""));
-    ASSERT_TRUE(QMetaObject::invokeMethod(store, "GetPrinterConfigurationFileFromName",
-                                          Q_RETURN_ARG(QString, file), Q_ARG(QString, "LETTER")));
-    EXPECT_EQ(QFileInfo(file).fileName(), "Letter.pcx");
-    QStringList names;
-    ASSERT_TRUE(QMetaObject::invokeMethod(store, "GetPrinterConfigurations",
-                                          Q_RETURN_ARG(QStringList, names)));
-    EXPECT_EQ(names, (QStringList{"", "Letter"}));
+    EXPECT_EQ(QFileInfo(late::text(store, "GetPrinterConfigurationFileFromName", {"LETTER"})).fileName(), "Letter.pcx");
+    EXPECT_EQ(late::value(store, "GetPrinterConfigurations").toStringList(), (QStringList{"", "Letter"}));
 }
 
 } // namespace
