@@ -1,9 +1,11 @@
 #include "filters/DateRanges.h"
 #include "filters/FilterDefinitions.h"
+#include "support/QtPrinters.h"
 
 #include <QDate>
 #include <gtest/gtest.h>
 #include <ostream>
+#include <tuple>
 
 namespace bravcpl5 {
 
@@ -14,60 +16,35 @@ void PrintTo(const FilterChoice &c, std::ostream *os)
 
 namespace {
 
-struct ApplyCase {
-    const char *name;
-    QString type;
-    QString stored;
-    QString value;   // written back
-    QString caption; // shown
-};
-
-void PrintTo(const ApplyCase &c, std::ostream *os) { *os << c.name; }
-
-class ApplyFilterValueTest : public ::testing::TestWithParam<ApplyCase> {};
-
-TEST_P(ApplyFilterValueTest, SetsValueAndCaptionByType)
-{
-    FilterRow row;
-    row.type = GetParam().type;
-    ApplyFilterValue(row, GetParam().stored);
-    EXPECT_EQ(row.value, GetParam().value);
-    EXPECT_EQ(row.valueCaption, GetParam().caption);
-}
-
 const char *const customText = "Custom Date Range : 1/5/2024 to 2/5/2024";
 const QString custom = QString::fromLatin1(customText);
 
-INSTANTIATE_TEST_SUITE_P(
-    Cases, ApplyFilterValueTest,
-    ::testing::Values(
-        ApplyCase{"BooleanNo", "boolean", "No", "0", "No"},
-        ApplyCase{"BooleanFALSE", "boolean", "FALSE", "0", "No"},
-        ApplyCase{"BooleanZero", "boolean", "0", "0", "No"},
-        ApplyCase{"BooleanLowerYes", "boolean", "yes", "1", "Yes"},
-        ApplyCase{"BooleanOne", "boolean", "1", "1", "Yes"},
-        ApplyCase{"BooleanEmpty", "boolean", "", "1", "Yes"},
-        ApplyCase{"BooleanOtherText", "boolean", "off", "1", "Yes"},
-        ApplyCase{"SourceNone", "productsource", "None", "0", "None"},
-        ApplyCase{"SourceFabricate", "productsource", "fabricate", "2", "Fabricate"},
-        ApplyCase{"SourceStockCapitals", "productsource", "STOCK", "3", "Stock"},
-        ApplyCase{"SourceOther", "productsource", "Other", "4", "Other"},
-        ApplyCase{"SourceStoredCodeIsPurchase", "productsource", "2", "1", "Purchase"},
-        ApplyCase{"SourceEmptyIsPurchase", "productsource", "", "1", "Purchase"},
-        ApplyCase{"NamedRange", "daterange", "Last Week", "Last Week", "Last Week"},
-        ApplyCase{"UnlistedRangeAsItStands", "daterange", "Past 45 days", "Past 45 days",
-                  "Past 45 days"},
-        ApplyCase{"CustomRangeRebuilt", "daterange",
-                  "Custom Date Range:01/05/2024 to 02/05/2024", custom, custom},
-        ApplyCase{"LowerCaseCustomRangeNotACustomRange", "daterange",
-                  "custom date range : 01/05/2024 to 2/5/2024",
-                  "custom date range : 01/05/2024 to 2/5/2024",
-                  "custom date range : 01/05/2024 to 2/5/2024"},
-        ApplyCase{"VendorAsItStands", "vendor", "(All Vendors)", "(All Vendors)",
-                  "(All Vendors)"},
-        ApplyCase{"FreeText", "", "Boise", "Boise", "Boise"},
-        ApplyCase{"UnknownTypeIsFreeText", "region", "No", "No", "No"}),
-    [](const auto &info) { return std::string(info.param.name); });
+TEST(ApplyFilterValue, SetsValueAndCaptionByType)
+{
+    const QString lowerCase = QStringLiteral("custom date range : 01/05/2024 to 2/5/2024");
+    const std::tuple<QString, QString, QString> cases[] = { // type, stored, "value|caption"
+        {"boolean", "No", "0|No"}, {"boolean", "FALSE", "0|No"}, {"boolean", "0", "0|No"},
+        {"boolean", "yes", "1|Yes"}, {"boolean", "1", "1|Yes"}, {"boolean", "", "1|Yes"},
+        {"boolean", "off", "1|Yes"},
+        {"productsource", "None", "0|None"}, {"productsource", "fabricate", "2|Fabricate"},
+        {"productsource", "STOCK", "3|Stock"}, {"productsource", "Other", "4|Other"},
+        {"productsource", "2", "1|Purchase"}, // a stored code is no source name
+        {"productsource", "", "1|Purchase"},
+        {"daterange", "Last Week", "Last Week|Last Week"},
+        {"daterange", "Past 45 days", "Past 45 days|Past 45 days"}, // unlisted, as it stands
+        {"daterange", "Custom Date Range:01/05/2024 to 02/05/2024", custom + u'|' + custom}, // rebuilt
+        {"daterange", lowerCase, lowerCase + u'|' + lowerCase}, // not a custom range
+        {"vendor", "(All Vendors)", "(All Vendors)|(All Vendors)"},
+        {"", "Boise", "Boise|Boise"},
+        {"region", "No", "No|No"}, // unknown types are free text
+    };
+    for (const auto &[type, stored, shown] : cases) {
+        FilterRow row;
+        row.type = type;
+        ApplyFilterValue(row, stored);
+        EXPECT_EQ(row.value + u'|' + row.valueCaption, shown) << type.toStdString() << ": " << stored.toStdString();
+    }
+}
 
 TEST(GetFilterDescription, StandardDescriptions)
 {

@@ -1,6 +1,7 @@
 #include "LayoutFixture.h"
 
 #include "layout/GeneralReportLayout.h"
+#include "support/QtPrinters.h"
 
 #include <QDir>
 #include <ostream>
@@ -97,29 +98,16 @@ TEST(GeneralReportLayoutDocument, EmptyPathWritesNothing)
     EXPECT_FALSE(GeneralReportLayout().save(QString()));
 }
 
-struct LayoutFileCase {
-    const char *configurationFile;
-    const char *layoutFile;
-};
-
-void PrintTo(const LayoutFileCase &c, std::ostream *os) { *os << c.configurationFile; }
-
-class LayoutFileOf : public ::testing::TestWithParam<LayoutFileCase> {};
-
-TEST_P(LayoutFileOf, SitsBesideTheConfigurationFile)
+TEST(LayoutFileOf, SitsBesideTheConfigurationFile)
 {
-    EXPECT_EQ(ReportLayout().GetLayoutFile(QString::fromUtf8(GetParam().configurationFile)),
-              QString::fromUtf8(GetParam().layoutFile));
+    const std::pair<const char *, const char *> cases[] = {
+        {"/data/Reports/Sales.xml", "/data/Reports/Sales.lyx"}, {"Sales.xml", "Sales.lyx"},
+        {"/data/Reports/Sales.lyx", "/data/Reports/Sales.lyx"}, {"/data/v1.2/Sales", "/data/v1.2/Sales.lyx"},
+        {"/data/Sales.2024.xml", "/data/Sales.2024.lyx"}, {"C:\\Reports\\Sales.xml", "C:\\Reports\\Sales.lyx"},
+        {"", ""}};
+    for (const auto &[configuration, layout] : cases)
+        EXPECT_EQ(ReportLayout().GetLayoutFile(QString::fromUtf8(configuration)), QString::fromUtf8(layout));
 }
-
-INSTANTIATE_TEST_SUITE_P(Paths, LayoutFileOf,
-                         ::testing::Values(LayoutFileCase{"/data/Reports/Sales.xml", "/data/Reports/Sales.lyx"},
-                                           LayoutFileCase{"Sales.xml", "Sales.lyx"},
-                                           LayoutFileCase{"/data/Reports/Sales.lyx", "/data/Reports/Sales.lyx"},
-                                           LayoutFileCase{"/data/v1.2/Sales", "/data/v1.2/Sales.lyx"},
-                                           LayoutFileCase{"/data/Sales.2024.xml", "/data/Sales.2024.lyx"},
-                                           LayoutFileCase{"C:\\Reports\\Sales.xml", "C:\\Reports\\Sales.lyx"},
-                                           LayoutFileCase{"", ""}));
 
 TEST_F(LayoutFixture, ReportsOwnLayoutBeforeTheGeneralOne)
 {
