@@ -29,52 +29,37 @@ PageSetupPreviewInfo letter()
     return i;
 }
 
-bool drewInvalidSettings(const PageSetupPreviewInfo &info)
+TEST(PageSetupPreview, RejectsPagesThatCannotBeLaidOut)
 {
-    RecordingPreviewSurface surface(3000, 3000);
-    DrawPageSetupPreview(info, surface);
-    return !surface.texts.isEmpty();
+    const struct {
+        const char *name;
+        bool invalid;
+        void (*change)(PageSetupPreviewInfo &);
+    } cases[] = {
+        {"letterFits", false, [](PageSetupPreviewInfo &) {}},
+        {"marginsFillTheHeight", true, [](auto &i) { i.TopMargin = 5 * inch; i.BottomMargin = 6 * inch; }},
+        {"gutterFillsTheWidth", true, [](auto &i) { i.Gutter = 6.5f * inch; }},
+        // The label checks run whatever is drawn: 2 + 2.875 + 3.5 inches fit, 2 + 3 + 3.5 do not.
+        {"gutterBesideLabelsFits", false, [](auto &i) { i.Gutter = 2.875f * inch; }},
+        {"gutterBesideLabelsTooWide", true, [](auto &i) { i.Gutter = 3 * inch; }},
+        // Rows are counted as columns: eight columns of one-inch labels pass, nine do not.
+        {"eightColumnsAsRows", false, [](auto &i) { i.ColumnsPerSheet = 8; i.LabelWidth = 0.5f * inch; i.HorizontalGap = 0; }},
+        {"nineColumnsAsRows", true, [](auto &i) { i.ColumnsPerSheet = 9; i.LabelWidth = 0.5f * inch; i.HorizontalGap = 0; }},
+        {"labelsTooWide", true, [](auto &i) { i.ColumnsPerSheet = 2; }},
+        {"verticalGapsTooTall", true, [](auto &i) { i.ColumnsPerSheet = 2; i.LabelWidth = inch; i.VerticalGap = 7.5f * inch; }},
+        // 16777215 + 0.5 is below 2^24, but as a single it is 2^24 itself: invalid.
+        {"sumRoundedToSingle", true, [](auto &i) { i.PaperHeight = 16777216; i.TopMargin = 16777215; i.BottomMargin = 0.5f; }},
+    };
+    for (const auto &c : cases) {
+        PageSetupPreviewInfo info = letter();
+        c.change(info);
+        RecordingPreviewSurface surface(3000, 3000);
+        DrawPageSetupPreview(info, surface);
+        EXPECT_EQ(!surface.texts.isEmpty(), c.invalid) << c.name;
+    }
 }
 
-struct CheckCase {
-    const char *name;
-    PageSetupPreviewInfo info;
-    bool invalid;
-};
-
-void PrintTo(const CheckCase &c, std::ostream *os) { *os << c.name; }
-
-CheckCase with(const char *name, bool invalid, void (*change)(PageSetupPreviewInfo &))
-{
-    PageSetupPreviewInfo info = letter();
-    change(info);
-    return {name, info, invalid};
-}
-
-class PreviewCheckTest : public ::testing::TestWithParam<CheckCase> {};
-
-TEST_P(PreviewCheckTest, RejectsPagesThatCannotBeLaidOut)
-{
-    EXPECT_EQ(drewInvalidSettings(GetParam().info), GetParam().invalid);
-}
-
-INSTANTIATE_TEST_SUITE_P(Table, PreviewCheckTest, ::testing::Values(
-    with("letterFits", false, [](PageSetupPreviewInfo &) {}),
-    with("marginsOf64Inches", true, [](auto &i) { i.TopMargin = i.BottomMargin = i.LeftMargin = i.RightMargin = 64 * inch; }),
-    with("marginsFillTheHeight", true, [](auto &i) { i.TopMargin = 5 * inch; i.BottomMargin = 6 * inch; }),
-    with("gutterFillsTheWidth", true, [](auto &i) { i.Gutter = 6.5f * inch; }),
-    // The label checks run whatever is drawn: 2 + 2.875 + 3.5 inches fit, 2 + 3 + 3.5 do not.
-    with("gutterBesideLabelsFits", false, [](auto &i) { i.Gutter = 2.875f * inch; }),
-    with("gutterBesideLabelsTooWide", true, [](auto &i) { i.Gutter = 3 * inch; }),
-    // Rows are counted as columns: eight columns of one-inch labels pass, nine do not.
-    with("eightColumnsAsRows", false, [](auto &i) { i.ColumnsPerSheet = 8; i.LabelWidth = 0.5f * inch; i.HorizontalGap = 0; }),
-    with("nineColumnsAsRows", true, [](auto &i) { i.ColumnsPerSheet = 9; i.LabelWidth = 0.5f * inch; i.HorizontalGap = 0; }),
-    with("labelsTooWide", true, [](auto &i) { i.ColumnsPerSheet = 2; }),
-    with("verticalGapsTooTall", true, [](auto &i) { i.ColumnsPerSheet = 2; i.LabelWidth = inch; i.VerticalGap = 7.5f * inch; }),
-    // 16777215 + 0.5 is below 2^24, but as a single it is 2^24 itself: invalid.
-    with("sumRoundedToSingle", true, [](auto &i) { i.PaperHeight = 16777216; i.TopMargin = 16777215; i.BottomMargin = 0.5f; })),
-    [](const auto &info) { return std::string(info.param.name); });
-
+// Margins of 64 inches all round.
 TEST(PageSetupPreview, InvalidSettingsAreWrittenAtTheTopLeft)
 {
     PageSetupPreviewInfo info = letter();

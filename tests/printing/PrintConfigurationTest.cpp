@@ -1,11 +1,14 @@
 // From a configuration file to paper: a configuration with an assigned printer is applied
-// to the reference report, which prints to a PDF and through the sandboxed cupsd.
+// to the reference report, which prints to a PDF and through the sandboxed cupsd; and
+// where the reference report's pages put what is drawn, seen on the rendered PDF.
 
 #include "StoreFixture.h"
 #include "printing/ReferenceReport.h"
 #include "printing/SandboxCups.h"
 
+#include <QImage>
 #include <QPainter>
+#include <QProcess>
 #include <QTemporaryDir>
 
 namespace bravcpl5::test {
@@ -125,22 +128,64 @@ TEST_F(ReferenceReportTest, UnknownPrinterPrintsNothing)
     EXPECT_EQ(report.lastJobId(), 0);
 }
 
-TEST_F(ReferenceReportTest, NoDeviceNamePrintsToTheDefaultPrinter)
+TEST_F(ReferenceReportTest, NoDeviceNamePrintsToTheDefaultPrinterAndALackingBinFromItsDefault)
 {
     report.pageSettings()->setPaperSource(4);
-    const QHash<QString, QString> job = printedJob(report);
+    QHash<QString, QString> job = printedJob(report);
     EXPECT_EQ(job.value(QStringLiteral("printer-uri")), QStringLiteral("ipp://localhost/printers/Office-Laser"));
     EXPECT_EQ(job.value(QStringLiteral("InputSlot")), QStringLiteral("Manual"));
-}
 
-TEST_F(ReferenceReportTest, BinThePrinterLacksIsPrintedFromItsDefaultAndNoted)
-{
-    report.printer()->setDeviceName(QStringLiteral("Office-Laser"));
     report.pageSettings()->setPaperSource(15);
     report.pageSettings()->setLeftMargin(0);
     EXPECT_EQ(printedJob(report).value(QStringLiteral("InputSlot")), QStringLiteral("Lower"));
     EXPECT_EQ(report.lastPage().margins.left(), 360);
-    EXPECT_EQ(report.lastPage().adjustments.size(), 2);
+    EXPECT_EQ(report.lastPage().adjustments.size(), 2); // the bin and the margin
+}
+
+// Renders a PDF page at 72 dpi (one pixel per point).
+QImage renderPage(const QString &pdf, int page)
+{
+    const QString prefix = pdf + QStringLiteral("-page");
+    QProcess::execute(QStringLiteral("pdftoppm"), {QStringLiteral("-png"), QStringLiteral("-r"), QStringLiteral("72"),
+                                                   QStringLiteral("-f"), QString::number(page), QStringLiteral("-singlefile"),
+                                                   pdf, prefix});
+    return QImage(prefix + QStringLiteral(".png"));
+}
+
+bool dark(const QImage &image, int x, int y) { return qGray(image.pixel(x, y)) < 64; }
+
+TEST(ReferenceReportPdfTest, ContentAreaSitsInsideMarginsAndGutterOnMirroredPages)
+{
+    QTemporaryDir folder;
+    ReferenceReport report;
+    report.setOutputFileName(folder.filePath(QStringLiteral("mirrored.pdf")));
+    ReportPageSettings &settings = *report.pageSettings();
+    settings.setLeftMargin(1440);     // 72 pt
+    settings.setRightMargin(720);     // 36 pt
+    settings.setTopMargin(2880);      // 144 pt
+    settings.setBottomMargin(1440);
+    settings.setGutter(720);          // 36 pt
+    settings.setMirrorMargins(true);
+    ASSERT_TRUE(report.print([](QPainter &painter, const ReportPageToDraw &page) {
+        painter.fillRect(page.content, Qt::black);
+        return page.number < 2;
+    }));
+
+    const QImage odd = renderPage(report.outputFileName(), 1);
+    ASSERT_EQ(odd.size(), QSize(612, 792));
+    // Odd page: left margin and gutter (108 pt), right margin 36 pt, top 144 pt.
+    EXPECT_FALSE(dark(odd, 105, 400));
+    EXPECT_TRUE(dark(odd, 111, 400));
+    EXPECT_TRUE(dark(odd, 573, 400));
+    EXPECT_FALSE(dark(odd, 579, 400));
+    EXPECT_FALSE(dark(odd, 300, 141));
+    EXPECT_TRUE(dark(odd, 300, 147));
+    // Even page: the sides swap, the gutter moves to the right.
+    const QImage even = renderPage(report.outputFileName(), 2);
+    EXPECT_FALSE(dark(even, 33, 400));
+    EXPECT_TRUE(dark(even, 39, 400));
+    EXPECT_TRUE(dark(even, 501, 400));
+    EXPECT_FALSE(dark(even, 507, 400));
 }
 
 } // namespace

@@ -56,7 +56,7 @@ TEST_F(SetupPageTest, StoredValuesAreConvertedToTwips)
                            "PageSettings.Orientation=2", "PrintWidth=4500"}));
 }
 
-TEST_F(SetupPageTest, OnlySetPrinterOrNoPageSetupChangesOnlyTheDeviceName)
+TEST_F(SetupPageTest, OnlySetPrinterOrNoPageSetupSetsOnlyTheDeviceName)
 {
     configure("<PaperSize>5</PaperSize>");
     apply(&report, true);
@@ -71,13 +71,10 @@ TEST_F(SetupPageTest, OnlySetPrinterOrNoPageSetupChangesOnlyTheDeviceName)
     report.writes.clear();
     store->SetupPageFromPrinterConfiguration(QString(), &report);
     EXPECT_EQ(report.writes, QStringList());
-}
 
-TEST_F(SetupPageTest, AnUnassignedConfigurationPrintsOnTheDefaultPrinter)
-{
-    host.writeUserFile(QStringLiteral("Labels.pcx"), configurationXml(""));
+    // An unassigned configuration prints on the default printer.
     store->SetPrinterForConfiguration(QStringLiteral("(Default)"), QStringLiteral("Label Printer"));
-    store->SetupPageFromPrinterConfiguration(QStringLiteral("Labels"), &report, true);
+    store->SetupPageFromPrinterConfiguration(QStringLiteral("Other"), &report, true);
     EXPECT_EQ(report.writes, QStringList{"Printer.DeviceName=Label Printer"});
 }
 
