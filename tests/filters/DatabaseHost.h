@@ -4,6 +4,7 @@
 // host's own database code) in the host's temporary folder.
 
 #include "filters/FilterDefinitions.h"
+#include "support/QtPrinters.h"
 #include "support/TestHost.h"
 
 #include "database/HostBravSql.h"

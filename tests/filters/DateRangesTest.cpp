@@ -1,29 +1,12 @@
 #include "filters/DateRanges.h"
+#include "support/QtPrinters.h"
 
 #include <QDate>
 #include <gtest/gtest.h>
-#include <ostream>
+#include <tuple>
 
 namespace bravcpl5 {
 namespace {
-
-struct FormatCase {
-    const char *name;
-    QString templ;
-    QVariantList args;
-    QString expected;
-};
-
-void PrintTo(const FormatCase &c, std::ostream *os) { *os << c.name; }
-
-class FormatStringTest : public ::testing::TestWithParam<FormatCase>
-{
-};
-
-TEST_P(FormatStringTest, ReplacesPlaceholders)
-{
-    EXPECT_EQ(FormatString(GetParam().templ, GetParam().args), GetParam().expected);
-}
 
 QVariantList numbered(int count)
 {
@@ -33,77 +16,49 @@ QVariantList numbered(int count)
     return args;
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Cases, FormatStringTest,
-    ::testing::Values(
-        FormatCase{"Reordered", "{1}-{0}-{1}", {"a", "b"}, "b-a-b"},
-        FormatCase{"MissingArgumentStays", "{0} {2}", {"a", "b"}, "a {2}"},
-        FormatCase{"SixteenIsTheLast", "{16}/{17}", numbered(18), "a16/{17}"},
-        FormatCase{"TwoDigitsAreNotOneDigitPlusText", "{1}{10}", numbered(11), "a1a10"},
-        FormatCase{"LaterPassSeesEarlierArgument", "{0}", {"{1}", "x"}, "x"},
-        FormatCase{"EarlierPassDoesNotSeeLaterArgument", "{1}", {"x", "{0}"}, "{0}"},
-        FormatCase{"CaseAndBlanksMatter", "{ 0}{0 }", {"a"}, "{ 0}{0 }"},
-        FormatCase{"NumbersAsText", "{0}:{1}", {7, 2.5}, "7:2.5"}),
-    [](const auto &info) { return std::string(info.param.name); });
-
-struct ParseCase {
-    const char *name;
-    QString text;
-    QDate start; // invalid: today
-    QDate end;
-};
-
-void PrintTo(const ParseCase &c, std::ostream *os) { *os << c.name; }
-
-class ParseCustomDateRangeTest : public ::testing::TestWithParam<ParseCase>
+TEST(FormatString, ReplacesPlaceholders)
 {
-};
-
-TEST_P(ParseCustomDateRangeTest, ReadsBothDates)
-{
-    const QDate today = QDate::currentDate();
-    QDate start(2000, 1, 1), end(2000, 1, 1);
-    ParseCustomDateRange(GetParam().text, start, end);
-    EXPECT_EQ(start, GetParam().start.isValid() ? GetParam().start : today);
-    EXPECT_EQ(end, GetParam().end.isValid() ? GetParam().end : today);
+    const std::tuple<const char *, QString, QVariantList, QString> cases[] = { // name, template, arguments, result
+        {"Reordered", "{1}-{0}-{1}", {"a", "b"}, "b-a-b"},
+        {"MissingArgumentStays", "{0} {2}", {"a", "b"}, "a {2}"},
+        {"SixteenIsTheLast", "{16}/{17}", numbered(18), "a16/{17}"},
+        {"TwoDigitsAreNotOneDigitPlusText", "{1}{10}", numbered(11), "a1a10"},
+        {"LaterPassSeesEarlierArgument", "{0}", {"{1}", "x"}, "x"},
+        {"EarlierPassDoesNotSeeLaterArgument", "{1}", {"x", "{0}"}, "{0}"},
+        {"CaseAndBlanksMatter", "{ 0}{0 }", {"a"}, "{ 0}{0 }"},
+        {"NumbersAsText", "{0}:{1}", {7, 2.5}, "7:2.5"}};
+    for (const auto &[name, templ, args, expected] : cases)
+        EXPECT_EQ(FormatString(templ, args), expected) << name;
 }
 
-const QDate jan5(2024, 1, 5);
-const QDate feb5(2024, 2, 5);
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, ParseCustomDateRangeTest,
-    ::testing::Values(
-        ParseCase{"AsWritten", "Custom Date Range : 1/5/2024 to 2/5/2024", jan5, feb5},
-        ParseCase{"LowerCase", "custom date range : 1/5/2024 to 2/5/2024", jan5, feb5},
-        ParseCase{"NoBlankBeforeColon", "Custom Date Range: 1/5/2024 to 2/5/2024", jan5, feb5},
-        ParseCase{"PaddedAndTwoDigitYears", "Custom Date Range : 01/05/24 to 02/05/24", jan5, feb5},
-        ParseCase{"StartAfterEndKept", "Custom Date Range : 2/5/2024 to 1/5/2024", feb5, jan5},
-        ParseCase{"NameAlone", "Custom Date Range", {}, {}},
-        ParseCase{"Empty", "", {}, {}},
-        ParseCase{"ThreeParts", "Custom Date Range : 1/5/2024 to 2/5/2024 to 3/5/2024", {}, {}},
-        ParseCase{"UnreadableStart", "Custom Date Range : soon to 2/5/2024", {}, feb5},
-        ParseCase{"UnreadableEnd", "Custom Date Range : 1/5/2024 to 2/30/2024", jan5, {}},
-        ParseCase{"ZeroDateIsNotGiven", "Custom Date Range : 12/30/1899 to 12/30/1899", {}, {}}),
-    [](const auto &info) { return std::string(info.param.name); });
-
-TEST(CustomDateRangeText, ShortDatesWithFourDigitYearsReadBack)
+TEST(ParseCustomDateRange, ReadsBothDates)
 {
-    const QString text = CustomDateRangeText(QDate(2024, 3, 1), QDate(2031, 12, 31));
-    EXPECT_EQ(text, QStringLiteral("Custom Date Range : 3/1/2024 to 12/31/2031"));
-    QDate start, end;
-    ParseCustomDateRange(text, start, end);
-    EXPECT_EQ(start, QDate(2024, 3, 1));
-    EXPECT_EQ(end, QDate(2031, 12, 31));
+    const QDate today = QDate::currentDate(), jan5(2024, 1, 5), feb5(2024, 2, 5);
+    const std::tuple<const char *, QString, QDate, QDate> cases[] = { // name, text, start, end
+        {"AsWritten", "Custom Date Range : 1/5/2024 to 2/5/2024", jan5, feb5},
+        {"LowerCase", "custom date range : 1/5/2024 to 2/5/2024", jan5, feb5},
+        {"NoBlankBeforeColon", "Custom Date Range: 1/5/2024 to 2/5/2024", jan5, feb5},
+        {"PaddedAndTwoDigitYears", "Custom Date Range : 01/05/24 to 02/05/24", jan5, feb5},
+        {"StartAfterEndKept", "Custom Date Range : 2/5/2024 to 1/5/2024", feb5, jan5},
+        {"NameAlone", "Custom Date Range", today, today},
+        {"Empty", "", today, today},
+        {"ThreeParts", "Custom Date Range : 1/5/2024 to 2/5/2024 to 3/5/2024", today, today},
+        {"UnreadableStart", "Custom Date Range : soon to 2/5/2024", today, feb5},
+        {"UnreadableEnd", "Custom Date Range : 1/5/2024 to 2/30/2024", jan5, today},
+        {"ZeroDateIsNotGiven", "Custom Date Range : 12/30/1899 to 12/30/1899", today, today}};
+    for (const auto &[name, text, expectedStart, expectedEnd] : cases) {
+        QDate start(2000, 1, 1), end(2000, 1, 1);
+        ParseCustomDateRange(text, start, end);
+        EXPECT_EQ(start, expectedStart) << name;
+        EXPECT_EQ(end, expectedEnd) << name;
+    }
 }
 
-TEST(CustomDateRangeText, NameAloneRebuildsAsTodayTwice)
+// Read back by the "AsWritten" case above.
+TEST(CustomDateRangeText, ShortDatesWithFourDigitYears)
 {
-    QDate start, end;
-    ParseCustomDateRange(QStringLiteral("Custom Date Range"), start, end);
-    const QString today = QDate::currentDate().toString(QStringLiteral("M/d/yyyy"));
-    EXPECT_EQ(CustomDateRangeText(start, end),
-              QStringLiteral("Custom Date Range : %1 to %1").arg(today));
+    EXPECT_EQ(CustomDateRangeText(QDate(2024, 3, 1), QDate(2031, 12, 31)),
+              QStringLiteral("Custom Date Range : 3/1/2024 to 12/31/2031"));
 }
 
 TEST(IsCustomDateRange, PrefixIsCaseSensitive)

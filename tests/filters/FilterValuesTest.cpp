@@ -1,9 +1,11 @@
 #include "filters/DateRanges.h"
 #include "filters/FilterDefinitions.h"
+#include "support/QtPrinters.h"
 
 #include <QDate>
 #include <gtest/gtest.h>
 #include <ostream>
+#include <tuple>
 
 namespace bravcpl5 {
 
@@ -14,99 +16,34 @@ void PrintTo(const FilterChoice &c, std::ostream *os)
 
 namespace {
 
-struct ApplyCase {
-    const char *name;
-    QString type;
-    QString stored;
-    QString value;   // written back
-    QString caption; // shown
-};
+const char *const customText = "Custom Date Range : 1/5/2024 to 2/5/2024";
+const QString custom = QString::fromLatin1(customText);
 
-void PrintTo(const ApplyCase &c, std::ostream *os) { *os << c.name; }
-
-class ApplyFilterValueTest : public ::testing::TestWithParam<ApplyCase>
+TEST(ApplyFilterValue, SetsValueAndCaptionByType)
 {
-};
-
-TEST_P(ApplyFilterValueTest, SetsValueAndCaptionByType)
-{
-    FilterRow row;
-    row.type = GetParam().type;
-    ApplyFilterValue(row, GetParam().stored);
-    EXPECT_EQ(row.value, GetParam().value);
-    EXPECT_EQ(row.valueCaption, GetParam().caption);
-}
-
-const QString custom = QStringLiteral("Custom Date Range : 1/5/2024 to 2/5/2024");
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, ApplyFilterValueTest,
-    ::testing::Values(
-        ApplyCase{"BooleanNo", "boolean", "No", "0", "No"},
-        ApplyCase{"BooleanFALSE", "boolean", "FALSE", "0", "No"},
-        ApplyCase{"BooleanZero", "boolean", "0", "0", "No"},
-        ApplyCase{"BooleanLowerYes", "boolean", "yes", "1", "Yes"},
-        ApplyCase{"BooleanOne", "boolean", "1", "1", "Yes"},
-        ApplyCase{"BooleanEmpty", "boolean", "", "1", "Yes"},
-        ApplyCase{"BooleanOtherText", "boolean", "off", "1", "Yes"},
-        ApplyCase{"SourceNone", "productsource", "None", "0", "None"},
-        ApplyCase{"SourceFabricate", "productsource", "fabricate", "2", "Fabricate"},
-        ApplyCase{"SourceStockCapitals", "productsource", "STOCK", "3", "Stock"},
-        ApplyCase{"SourceOther", "productsource", "Other", "4", "Other"},
-        ApplyCase{"SourceStoredCodeIsPurchase", "productsource", "2", "1", "Purchase"},
-        ApplyCase{"SourceEmptyIsPurchase", "productsource", "", "1", "Purchase"},
-        ApplyCase{"NamedRange", "daterange", "Last Week", "Last Week", "Last Week"},
-        ApplyCase{"UnlistedRangeAsItStands", "daterange", "Past 45 days", "Past 45 days",
-                  "Past 45 days"},
-        ApplyCase{"CustomRangeRebuilt", "daterange",
-                  "Custom Date Range:01/05/2024 to 02/05/2024", custom, custom},
-        ApplyCase{"LowerCaseCustomRangeNotACustomRange", "daterange",
-                  "custom date range : 01/05/2024 to 2/5/2024",
-                  "custom date range : 01/05/2024 to 2/5/2024",
-                  "custom date range : 01/05/2024 to 2/5/2024"},
-        ApplyCase{"VendorAsItStands", "vendor", "(All Vendors)", "(All Vendors)",
-                  "(All Vendors)"},
-        ApplyCase{"FreeText", "", "Boise", "Boise", "Boise"},
-        ApplyCase{"UnknownTypeIsFreeText", "region", "No", "No", "No"}),
-    [](const auto &info) { return std::string(info.param.name); });
-
-TEST(ApplyFilterValue, CustomRangeTakesConfirmedDates)
-{
-    FilterRow row;
-    row.type = QStringLiteral("daterange");
-    QDate seenStart, seenEnd;
-    ApplyFilterValue(row, custom, [&](QDate &start, QDate &end) {
-        seenStart = start;
-        seenEnd = end;
-        start = QDate(2024, 3, 1);
-        end = QDate(2024, 3, 31);
-        return true;
-    });
-    EXPECT_EQ(seenStart, QDate(2024, 1, 5));
-    EXPECT_EQ(seenEnd, QDate(2024, 2, 5));
-    EXPECT_EQ(row.value, QStringLiteral("Custom Date Range : 3/1/2024 to 3/31/2024"));
-    EXPECT_EQ(row.valueCaption, row.value);
-}
-
-TEST(ApplyFilterValue, CustomRangeKeepsItsDatesWhenTheEditorIsCancelled)
-{
-    FilterRow row;
-    row.type = QStringLiteral("daterange");
-    ApplyFilterValue(row, custom, [](QDate &start, QDate &) {
-        start = QDate(1999, 1, 1); // changed, but not confirmed
-        return false;
-    });
-    EXPECT_EQ(row.value, custom);
-}
-
-TEST(ApplyFilterValue, EditorIsOnlyAskedForCustomRanges)
-{
-    FilterRow row;
-    row.type = QStringLiteral("daterange");
-    bool asked = false;
-    ApplyFilterValue(row, QStringLiteral("Today"), [&](QDate &, QDate &) { return asked = true; });
-    EXPECT_FALSE(asked);
-    EXPECT_EQ(row.value, QStringLiteral("Today"));
+    const QString lowerCase = QStringLiteral("custom date range : 01/05/2024 to 2/5/2024");
+    const std::tuple<QString, QString, QString> cases[] = { // type, stored, "value|caption"
+        {"boolean", "No", "0|No"}, {"boolean", "FALSE", "0|No"}, {"boolean", "0", "0|No"},
+        {"boolean", "yes", "1|Yes"}, {"boolean", "1", "1|Yes"}, {"boolean", "", "1|Yes"},
+        {"boolean", "off", "1|Yes"},
+        {"productsource", "None", "0|None"}, {"productsource", "fabricate", "2|Fabricate"},
+        {"productsource", "STOCK", "3|Stock"}, {"productsource", "Other", "4|Other"},
+        {"productsource", "2", "1|Purchase"}, // a stored code is no source name
+        {"productsource", "", "1|Purchase"},
+        {"daterange", "Last Week", "Last Week|Last Week"},
+        {"daterange", "Past 45 days", "Past 45 days|Past 45 days"}, // unlisted, as it stands
+        {"daterange", "Custom Date Range:01/05/2024 to 02/05/2024", custom + u'|' + custom}, // rebuilt
+        {"daterange", lowerCase, lowerCase + u'|' + lowerCase}, // not a custom range
+        {"vendor", "(All Vendors)", "(All Vendors)|(All Vendors)"},
+        {"", "Boise", "Boise|Boise"},
+        {"region", "No", "No|No"}, // unknown types are free text
+    };
+    for (const auto &[type, stored, shown] : cases) {
+        FilterRow row;
+        row.type = type;
+        ApplyFilterValue(row, stored);
+        EXPECT_EQ(row.value + u'|' + row.valueCaption, shown) << type.toStdString() << ": " << stored.toStdString();
+    }
 }
 
 TEST(GetFilterDescription, StandardDescriptions)
@@ -135,50 +72,60 @@ TEST(FillFilterChoices, FixedLists)
     EXPECT_TRUE(FillFilterChoices(nullptr, "Boolean", 0).isEmpty()); // types come lower-cased
 }
 
-struct ChangeCase {
+struct EditorCase {
     const char *name;
-    QString held;
+    const char *held;  // applied first, then `chosen` is changed to; null: `chosen` is applied
     QString chosen;
     bool confirm;
-    QDate editorStart; // the dates the editor is opened with; invalid: not opened
+    QDate editorStart; // the dates the editor is opened with; invalid: today
     QString value;     // the row's value afterwards ("today" stands for today's date)
 };
 
-void PrintTo(const ChangeCase &c, std::ostream *os) { *os << c.name; }
+void PrintTo(const EditorCase &c, std::ostream *os) { *os << c.name; }
 
-class ChangeFilterValueTest : public ::testing::TestWithParam<ChangeCase>
-{
-};
+class DateRangeEditorTest : public ::testing::TestWithParam<EditorCase> {};
 
-TEST_P(ChangeFilterValueTest, CustomRangesStartTodayOrKeepTheirDates)
+TEST_P(DateRangeEditorTest, OnlyCustomRangesOpenItWithTheirDatesOrToday)
 {
+    const EditorCase &c = GetParam();
     const QDate today = QDate::currentDate();
     FilterRow row;
     row.type = QStringLiteral("daterange");
-    ApplyFilterValue(row, GetParam().held);
     QDate openedWith;
-    ChangeFilterValue(row, GetParam().chosen, [&](QDate &start, QDate &end) {
+    const auto editor = [&](QDate &start, QDate &end) {
         openedWith = start;
         start = end = QDate(2025, 6, 30);
-        return GetParam().confirm;
-    });
-    const QDate expectedStart = GetParam().editorStart.isValid() ? GetParam().editorStart : today;
-    EXPECT_EQ(openedWith, IsCustomDateRange(GetParam().chosen) ? expectedStart : QDate());
-    QString expected = GetParam().value;
+        return c.confirm;
+    };
+    if (c.held) {
+        ApplyFilterValue(row, QString::fromLatin1(c.held));
+        ChangeFilterValue(row, c.chosen, editor);
+    } else {
+        ApplyFilterValue(row, c.chosen, editor);
+    }
+    const QDate expectedStart = c.editorStart.isValid() ? c.editorStart : today;
+    EXPECT_EQ(openedWith, IsCustomDateRange(c.chosen) ? expectedStart : QDate());
+    QString expected = c.value;
     expected.replace(QStringLiteral("today"), today.toString(QStringLiteral("M/d/yyyy")));
     EXPECT_EQ(row.value, expected);
+    EXPECT_EQ(row.valueCaption, expected);
 }
 
+const QDate jan5(2024, 1, 5);
+
 INSTANTIATE_TEST_SUITE_P(
-    Cases, ChangeFilterValueTest,
+    Cases, DateRangeEditorTest,
     ::testing::Values(
-        ChangeCase{"NamedToCustomCancelled", "Last Week", "Custom Date Range", false, {},
-                   "Custom Date Range : today to today"},
-        ChangeCase{"NamedToCustomConfirmed", "Last Week", "Custom Date Range", true, {},
+        EditorCase{"AppliedCustomConfirmed", nullptr, custom, true, jan5,
                    "Custom Date Range : 6/30/2025 to 6/30/2025"},
-        ChangeCase{"CustomChosenAgainKeepsDates", custom, "Custom Date Range", false,
-                   QDate(2024, 1, 5), custom},
-        ChangeCase{"CustomToNamed", custom, "Past 30 days", true, {}, "Past 30 days"}),
+        EditorCase{"AppliedCustomCancelledKeepsDates", nullptr, custom, false, jan5, custom},
+        EditorCase{"AppliedNamedAsksNothing", nullptr, "Today", true, {}, "Today"},
+        EditorCase{"NamedToCustomCancelled", "Last Week", "Custom Date Range", false, {},
+                   "Custom Date Range : today to today"},
+        EditorCase{"NamedToCustomConfirmed", "Last Week", "Custom Date Range", true, {},
+                   "Custom Date Range : 6/30/2025 to 6/30/2025"},
+        EditorCase{"CustomChosenAgainKeepsDates", customText, "Custom Date Range", false, jan5, custom},
+        EditorCase{"CustomToNamed", customText, "Past 30 days", true, {}, "Past 30 days"}),
     [](const auto &info) { return std::string(info.param.name); });
 
 } // namespace

@@ -29,8 +29,6 @@ struct PresetCase {
     Sides styles;
 };
 
-void PrintTo(const PresetCase &c, std::ostream *os) { *os << c.name; }
-
 const PresetCase presetCases[] = {
     {"Box", {1}, {1, 1, 1, 1}},
     {"BoxThenBottomKeepsTheBox", {1, 2}, {1, 1, 1, 1}},
@@ -48,21 +46,16 @@ const PresetCase presetCases[] = {
     {"UnknownChangesNothing", {15, -1}, {0, 0, 0, 0}},
 };
 
-class BorderPresets : public ::testing::TestWithParam<PresetCase>
-{
-};
-
-TEST_P(BorderPresets, Accumulate)
+TEST(ControlFormatting, BorderPresetsAccumulate)
 {
     ReportLayout layout;
-    ReportLabel control;
-    for (qint16 preset : GetParam().presets)
-        EXPECT_TRUE(layout.ApplyBorderToControl(&control, preset));
-    EXPECT_EQ(stylesOf(control), GetParam().styles);
+    for (const PresetCase &c : presetCases) {
+        ReportLabel control;
+        for (qint16 preset : c.presets)
+            EXPECT_TRUE(layout.ApplyBorderToControl(&control, preset)) << c.name;
+        EXPECT_EQ(stylesOf(control), c.styles) << c.name;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Formatting, BorderPresets, ::testing::ValuesIn(presetCases),
-                         [](const auto &info) { return std::string(info.param.name); });
 
 TEST(ControlFormatting, CodesOutsideTheirRangeChangeNothing)
 {
@@ -71,34 +64,17 @@ TEST(ControlFormatting, CodesOutsideTheirRangeChangeNothing)
     control.setProperty("Alignment", 1);
     control.font()->setProperty("Bold", true);
 
-    EXPECT_TRUE(layout.ApplyAlignmentToControl(&control, 3));
-    EXPECT_EQ(control.property("Alignment").toInt(), 1);
-    EXPECT_TRUE(layout.ApplyAlignmentToControl(&control, 2));
-    EXPECT_EQ(control.property("Alignment").toInt(), 2);
-
-    layout.ApplyTextFormatSettingsToControl(&control, 0);
-    EXPECT_TRUE(control.font()->property("Bold").toBool());
-    layout.ApplyTextFormatSettingsToControl(&control, 1);
-    EXPECT_FALSE(control.font()->property("Bold").toBool());
-    layout.ApplyTextFormatSettingsToControl(&control, 3);
-    EXPECT_FALSE(control.font()->property("Bold").toBool());
-    layout.ApplyTextFormatSettingsToControl(&control, 2);
-    EXPECT_TRUE(control.font()->property("Bold").toBool());
+    for (const auto &[code, alignment] : {std::pair{3, 1}, {2, 2}, {-1, 2}}) {
+        EXPECT_TRUE(layout.ApplyAlignmentToControl(&control, qint16(code)));
+        EXPECT_EQ(control.property("Alignment").toInt(), alignment) << code;
+    }
+    for (const auto &[code, bold] : {std::pair{0, true}, {1, false}, {3, false}, {2, true}}) {
+        layout.ApplyTextFormatSettingsToControl(&control, qint16(code));
+        EXPECT_EQ(control.font()->property("Bold").toBool(), bold) << code;
+    }
 }
 
-TEST(ControlFormatting, BackColourZeroMakesTheControlTransparent)
-{
-    ReportLayout layout;
-    ReportLabel control;
-    EXPECT_TRUE(layout.ApplyBackColorSettingsToControl(&control, 0x00FFFF));
-    EXPECT_EQ(control.property("BackStyle").toInt(), 1);
-    EXPECT_EQ(control.property("BackColor").toInt(), 0x00FFFF);
-    EXPECT_TRUE(layout.ApplyBackColorSettingsToControl(&control, 0));
-    EXPECT_EQ(control.property("BackStyle").toInt(), 0);
-    EXPECT_EQ(control.property("BackColor").toInt(), 0);
-}
-
-TEST(ControlFormatting, ColoursPassThrough)
+TEST(ControlFormatting, ColoursPassThroughAndBackColourZeroIsTransparent)
 {
     ReportLayout layout;
     ReportLabel control;
@@ -107,6 +83,11 @@ TEST(ControlFormatting, ColoursPassThrough)
         EXPECT_EQ(control.border()->property(side).toInt(), 128) << side;
     EXPECT_TRUE(layout.ApplyTextColorSettingsToControl(&control, 8388608));
     EXPECT_EQ(control.property("ForeColor").toInt(), 8388608);
+    for (const auto &[color, style] : {std::pair{0x00FFFF, 1}, {0, 0}}) {
+        EXPECT_TRUE(layout.ApplyBackColorSettingsToControl(&control, color));
+        EXPECT_EQ(control.property("BackStyle").toInt(), style);
+        EXPECT_EQ(control.property("BackColor").toInt(), color);
+    }
 }
 
 // A control that has colours but no font, border or back style.

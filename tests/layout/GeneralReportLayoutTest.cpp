@@ -1,6 +1,7 @@
 #include "LayoutFixture.h"
 
 #include "layout/GeneralReportLayout.h"
+#include "support/QtPrinters.h"
 
 #include <QDir>
 #include <ostream>
@@ -39,21 +40,8 @@ GeneralReportLayout changed()
 
 TEST(GeneralReportLayoutDocument, EmptyDefinitionReadsAsTheDefaults)
 {
-    for (const char *xml : {"<Definition/>", "<Definition><Report/><Header/><Footer/></Definition>"}) {
-        const GeneralReportLayout l = read(xml);
-        EXPECT_EQ(l, GeneralReportLayout()) << xml;
-        EXPECT_TRUE(l.useOwnPrinterConfiguration);
-        EXPECT_EQ(l.printerConfiguration, "");
-        EXPECT_FALSE(l.headerOnAllPages || l.footerOnAllPages);
-        EXPECT_TRUE(l.company.show && l.title.show && l.printTime.show && l.pageNumber.show);
-        EXPECT_EQ(l.company.alignment, 1);
-        EXPECT_EQ(l.title.alignment, 2);
-        EXPECT_EQ(l.description.alignment, 2);
-        EXPECT_EQ(l.subTitle.alignment, 2);
-        EXPECT_EQ(l.printDate.alignment, 0);
-        EXPECT_EQ(l.extraLine.alignment, 0);
-        EXPECT_EQ(l.pageNumber.alignment, 0);
-    }
+    for (const char *xml : {"<Definition/>", "<Definition><Report/><Header/><Footer/></Definition>"})
+        EXPECT_EQ(read(xml), GeneralReportLayout()) << xml;
 }
 
 TEST(GeneralReportLayoutDocument, MissingSectionKeepsValuesEmptySectionResetsThem)
@@ -110,31 +98,16 @@ TEST(GeneralReportLayoutDocument, EmptyPathWritesNothing)
     EXPECT_FALSE(GeneralReportLayout().save(QString()));
 }
 
-struct LayoutFileCase {
-    const char *configurationFile;
-    const char *layoutFile;
-};
-
-void PrintTo(const LayoutFileCase &c, std::ostream *os) { *os << c.configurationFile; }
-
-class LayoutFileOf : public ::testing::TestWithParam<LayoutFileCase>
+TEST(LayoutFileOf, SitsBesideTheConfigurationFile)
 {
-};
-
-TEST_P(LayoutFileOf, SitsBesideTheConfigurationFile)
-{
-    EXPECT_EQ(ReportLayout().GetLayoutFile(QString::fromUtf8(GetParam().configurationFile)),
-              QString::fromUtf8(GetParam().layoutFile));
+    const std::pair<const char *, const char *> cases[] = {
+        {"/data/Reports/Sales.xml", "/data/Reports/Sales.lyx"}, {"Sales.xml", "Sales.lyx"},
+        {"/data/Reports/Sales.lyx", "/data/Reports/Sales.lyx"}, {"/data/v1.2/Sales", "/data/v1.2/Sales.lyx"},
+        {"/data/Sales.2024.xml", "/data/Sales.2024.lyx"}, {"C:\\Reports\\Sales.xml", "C:\\Reports\\Sales.lyx"},
+        {"", ""}};
+    for (const auto &[configuration, layout] : cases)
+        EXPECT_EQ(ReportLayout().GetLayoutFile(QString::fromUtf8(configuration)), QString::fromUtf8(layout));
 }
-
-INSTANTIATE_TEST_SUITE_P(Paths, LayoutFileOf,
-                         ::testing::Values(LayoutFileCase{"/data/Reports/Sales.xml", "/data/Reports/Sales.lyx"},
-                                           LayoutFileCase{"Sales.xml", "Sales.lyx"},
-                                           LayoutFileCase{"/data/Reports/Sales.lyx", "/data/Reports/Sales.lyx"},
-                                           LayoutFileCase{"/data/v1.2/Sales", "/data/v1.2/Sales.lyx"},
-                                           LayoutFileCase{"/data/Sales.2024.xml", "/data/Sales.2024.lyx"},
-                                           LayoutFileCase{"C:\\Reports\\Sales.xml", "C:\\Reports\\Sales.lyx"},
-                                           LayoutFileCase{"", ""}));
 
 TEST_F(LayoutFixture, ReportsOwnLayoutBeforeTheGeneralOne)
 {

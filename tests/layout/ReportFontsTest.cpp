@@ -96,9 +96,7 @@ const FontCase fontCases[] = {
      330, applied(8)},
 };
 
-class FontLookup : public LayoutFixture, public ::testing::WithParamInterface<FontCase>
-{
-};
+class FontLookup : public LayoutFixture, public ::testing::WithParamInterface<FontCase> {};
 
 TEST_P(FontLookup, HeightAndAppliedFont)
 {
@@ -120,16 +118,6 @@ TEST_P(FontLookup, HeightAndAppliedFont)
 
 INSTANTIATE_TEST_SUITE_P(Fonts, FontLookup, ::testing::ValuesIn(fontCases),
                          [](const auto &info) { return std::string(info.param.name); });
-
-TEST_F(LayoutFixture, DarkBlueFontColourIsDarkBlueOnTheControl)
-{
-    host.writeSystemFile(QStringLiteral("General Report Fonts.fox"),
-                         "<ReportFonts><GeneralReports><Font type=\"2\" color=\"8388608\"/></GeneralReports></ReportFonts>");
-    host.writeSystemFile(QStringLiteral("Process Report Fonts.fox"), "<ReportFonts><ProcessReports/></ReportFonts>");
-    ReportLabel control;
-    layout()->ApplyFontSettingsToControl(&control, 1, 2);
-    EXPECT_EQ(ColorFromWindows(control.property("ForeColor").toInt()), QColor(0, 0, 128));
-}
 
 TEST_F(LayoutFixture, UnreadableFontsFileLeavesBothFamiliesAtTheirDefaults)
 {
@@ -191,23 +179,6 @@ TEST(FontTypes, FamiliesNameTheirOwnTypesOnly)
     EXPECT_EQ(FontTypeSample(6, QDateTime(QDate(2024, 1, 5), QTime(17, 45))), "1/5/2024");
     EXPECT_EQ(FontTypeSample(7, QDateTime(QDate(2024, 1, 5), QTime(17, 45))), "17:45");
     EXPECT_EQ(FontTypeSample(38), "Example");
-}
-
-TEST(FontTypes, DefaultRowsAreTheFamiliesListsInOrder)
-{
-    QList<int> general, process;
-    for (const FontDefinition &f : DefaultFonts(generalReports))
-        general.append(f.type);
-    for (const FontDefinition &f : DefaultFonts(processReports))
-        process.append(f.type);
-    EXPECT_EQ(general, (QList<int>{1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13}));
-    EXPECT_EQ(process, (QList<int>{6, 7, 1, 33, 34, 14, 15, 16, 17, 18, 19, 20, 21, 22, 23, 24, 25, 26,
-                                   27, 28, 29, 30, 31, 32, 35, 36, 37, 38}));
-    // Payments Heading: dark blue when reset, black when topped up.
-    EXPECT_EQ(DefaultFonts(processReports)[25].color, colorDarkBlue);
-    EXPECT_EQ(ProcessTopUpFonts()[1].type, 36);
-    EXPECT_EQ(ProcessTopUpFonts()[1].color, colorBlack);
-    EXPECT_TRUE(DefaultFonts(2).isEmpty());
 }
 
 } // namespace

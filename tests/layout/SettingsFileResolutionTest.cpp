@@ -42,9 +42,7 @@ const Member members[] = {
     {"Process Report Fonts.fox", [](ReportLayout &l, bool f) { return l.ProcessReportFontsFile(f); }},
 };
 
-class Resolution : public LayoutFixture, public ::testing::WithParamInterface<ResolutionCase>
-{
-};
+class Resolution : public LayoutFixture, public ::testing::WithParamInterface<ResolutionCase> {};
 
 TEST_P(Resolution, UserFolderBeforeSystemFolder)
 {

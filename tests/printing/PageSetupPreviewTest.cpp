@@ -29,52 +29,37 @@ PageSetupPreviewInfo letter()
     return i;
 }
 
-bool drewInvalidSettings(const PageSetupPreviewInfo &info)
+TEST(PageSetupPreview, RejectsPagesThatCannotBeLaidOut)
 {
-    RecordingPreviewSurface surface(3000, 3000);
-    DrawPageSetupPreview(info, surface);
-    return !surface.texts.isEmpty();
+    const struct {
+        const char *name;
+        bool invalid;
+        void (*change)(PageSetupPreviewInfo &);
+    } cases[] = {
+        {"letterFits", false, [](PageSetupPreviewInfo &) {}},
+        {"marginsFillTheHeight", true, [](auto &i) { i.TopMargin = 5 * inch; i.BottomMargin = 6 * inch; }},
+        {"gutterFillsTheWidth", true, [](auto &i) { i.Gutter = 6.5f * inch; }},
+        // The label checks run whatever is drawn: 2 + 2.875 + 3.5 inches fit, 2 + 3 + 3.5 do not.
+        {"gutterBesideLabelsFits", false, [](auto &i) { i.Gutter = 2.875f * inch; }},
+        {"gutterBesideLabelsTooWide", true, [](auto &i) { i.Gutter = 3 * inch; }},
+        // Rows are counted as columns: eight columns of one-inch labels pass, nine do not.
+        {"eightColumnsAsRows", false, [](auto &i) { i.ColumnsPerSheet = 8; i.LabelWidth = 0.5f * inch; i.HorizontalGap = 0; }},
+        {"nineColumnsAsRows", true, [](auto &i) { i.ColumnsPerSheet = 9; i.LabelWidth = 0.5f * inch; i.HorizontalGap = 0; }},
+        {"labelsTooWide", true, [](auto &i) { i.ColumnsPerSheet = 2; }},
+        {"verticalGapsTooTall", true, [](auto &i) { i.ColumnsPerSheet = 2; i.LabelWidth = inch; i.VerticalGap = 7.5f * inch; }},
+        // 16777215 + 0.5 is below 2^24, but as a single it is 2^24 itself: invalid.
+        {"sumRoundedToSingle", true, [](auto &i) { i.PaperHeight = 16777216; i.TopMargin = 16777215; i.BottomMargin = 0.5f; }},
+    };
+    for (const auto &c : cases) {
+        PageSetupPreviewInfo info = letter();
+        c.change(info);
+        RecordingPreviewSurface surface(3000, 3000);
+        DrawPageSetupPreview(info, surface);
+        EXPECT_EQ(!surface.texts.isEmpty(), c.invalid) << c.name;
+    }
 }
 
-struct CheckCase {
-    const char *name;
-    PageSetupPreviewInfo info;
-    bool invalid;
-};
-
-void PrintTo(const CheckCase &c, std::ostream *os) { *os << c.name; }
-
-CheckCase with(const char *name, bool invalid, void (*change)(PageSetupPreviewInfo &))
-{
-    PageSetupPreviewInfo info = letter();
-    change(info);
-    return {name, info, invalid};
-}
-
-class PreviewCheckTest : public ::testing::TestWithParam<CheckCase> {};
-
-TEST_P(PreviewCheckTest, RejectsPagesThatCannotBeLaidOut)
-{
-    EXPECT_EQ(drewInvalidSettings(GetParam().info), GetParam().invalid);
-}
-
-INSTANTIATE_TEST_SUITE_P(Table, PreviewCheckTest, ::testing::Values(
-    with("letterFits", false, [](PageSetupPreviewInfo &) {}),
-    with("marginsOf64Inches", true, [](auto &i) { i.TopMargin = i.BottomMargin = i.LeftMargin = i.RightMargin = 64 * inch; }),
-    with("marginsFillTheHeight", true, [](auto &i) { i.TopMargin = 5 * inch; i.BottomMargin = 6 * inch; }),
-    with("gutterFillsTheWidth", true, [](auto &i) { i.Gutter = 6.5f * inch; }),
-    // The label checks run whatever is drawn: 2 + 2.875 + 3.5 inches fit, 2 + 3 + 3.5 do not.
-    with("gutterBesideLabelsFits", false, [](auto &i) { i.Gutter = 2.875f * inch; }),
-    with("gutterBesideLabelsTooWide", true, [](auto &i) { i.Gutter = 3 * inch; }),
-    // Rows are counted as columns: eight columns of one-inch labels pass, nine do not.
-    with("eightColumnsAsRows", false, [](auto &i) { i.ColumnsPerSheet = 8; i.LabelWidth = 0.5f * inch; i.HorizontalGap = 0; }),
-    with("nineColumnsAsRows", true, [](auto &i) { i.ColumnsPerSheet = 9; i.LabelWidth = 0.5f * inch; i.HorizontalGap = 0; }),
-    with("labelsTooWide", true, [](auto &i) { i.ColumnsPerSheet = 2; }),
-    with("verticalGapsTooTall", true, [](auto &i) { i.ColumnsPerSheet = 2; i.LabelWidth = inch; i.VerticalGap = 7.5f * inch; }),
-    // 16777215 + 0.5 is below 2^24, but as a single it is 2^24 itself: invalid.
-    with("sumRoundedToSingle", true, [](auto &i) { i.PaperHeight = 16777216; i.TopMargin = 16777215; i.BottomMargin = 0.5f; })),
-    [](const auto &info) { return std::string(info.param.name); });
-
+// Margins of 64 inches all round.
 TEST(PageSetupPreview, InvalidSettingsAreWrittenAtTheTopLeft)
 {
     PageSetupPreviewInfo info = letter();
@@ -155,25 +140,22 @@ TEST(PageSetupPreview, LabelModeDrawsTheGridOnTheSheet)
     EXPECT_FLOAT_EQ(labels[2].from.y() - labels[0].from.y(), s * 1.5f * inch);
 }
 
-TEST(PageSetupPreview, RowsThatDoNotMoveAreDrawnOnce)
+TEST(PageSetupPreview, RowsThatDoNotMoveAreDrawnOnceAndAnOverflowEndsTheDrawing)
 {
     PageSetupPreviewInfo info = letter();
     info.ShowLabels = true;
     info.LabelHeight = 0;
-    RecordingPreviewSurface surface(20000, 20000);
-    DrawPageSetupPreview(info, surface);
-    EXPECT_EQ(surface.rectangles.size(), 5);
-}
+    RecordingPreviewSurface unmoved(20000, 20000);
+    DrawPageSetupPreview(info, unmoved);
+    EXPECT_EQ(unmoved.rectangles.size(), 5);
 
-TEST(PageSetupPreview, AnOverflowEndsTheDrawing)
-{
-    PageSetupPreviewInfo info = letter();
+    info = letter();
     info.LabelWidth = 3e38f;
     info.ColumnsPerSheet = 2;
-    RecordingPreviewSurface surface(3000, 3000);
-    DrawPageSetupPreview(info, surface);
-    EXPECT_EQ(surface.rectangles.size(), 1); // cleared, then stopped
-    EXPECT_TRUE(surface.texts.isEmpty());
+    RecordingPreviewSurface overflowed(3000, 3000);
+    DrawPageSetupPreview(info, overflowed);
+    EXPECT_EQ(overflowed.rectangles.size(), 1); // cleared, then stopped
+    EXPECT_TRUE(overflowed.texts.isEmpty());
 }
 
 // Draws on an image at 96 dpi (15 twips a pixel) and saves it for a person to look at.
@@ -191,45 +173,38 @@ QImage render(const PageSetupPreviewInfo &info, const QString &fileName)
     return image;
 }
 
-TEST(PageSetupPreview, PaintsLetterWithOneInchMargins)
+int pixelsWhere(const QImage &image, QRect area, bool (*test)(int grey))
 {
-    const QImage image = render(letter(), QStringLiteral("preview-letter.png"));
-    EXPECT_EQ(image.pixelColor(2, 2), background);
-    EXPECT_EQ(image.pixelColor(90, 100), QColor(0xF5, 0xF5, 0xF5)); // printable area
-    // Sheet: 0.17 of 12240 by 15840 twips is 139 by 180 pixels, centred.
-    EXPECT_EQ(image.pixelColor(90, 15), QColor(Qt::white)); // top margin
-    EXPECT_EQ(image.pixelColor(175, 100), background);       // beyond the shadow
+    int count = 0;
+    for (int x = area.left(); x <= area.right(); ++x)
+        for (int y = area.top(); y <= area.bottom(); ++y)
+            count += test(qGray(image.pixel(x, y)));
+    return count;
 }
 
-TEST(PageSetupPreview, PaintsLandscapeWithAGutter)
+TEST(PageSetupPreview, PaintsOnAnImage)
 {
+    const QImage plain = render(letter(), QStringLiteral("preview-letter.png"));
+    EXPECT_EQ(plain.pixelColor(2, 2), background);
+    EXPECT_EQ(plain.pixelColor(90, 100), QColor(0xF5, 0xF5, 0xF5)); // printable area
+    // Sheet: 0.17 of 12240 by 15840 twips is 139 by 180 pixels, centred.
+    EXPECT_EQ(plain.pixelColor(90, 15), QColor(Qt::white)); // top margin
+    EXPECT_EQ(plain.pixelColor(175, 100), background);       // beyond the shadow
+
     PageSetupPreviewInfo info = letter();
     std::swap(info.PaperWidth, info.PaperHeight);
     info.Gutter = inch;
-    const QImage image = render(info, QStringLiteral("preview-landscape-gutter.png"));
+    const QImage gutter = render(info, QStringLiteral("preview-landscape-gutter.png"));
     // The hatched gutter mixes black lines with the white sheet.
-    int dark = 0, light = 0;
-    for (int x = 8; x < 18; ++x) {
-        for (int y = 60; y < 140; ++y) {
-            const int grey = qGray(image.pixel(x, y));
-            (grey < 64 ? dark : light) += grey < 64 || grey > 200;
-        }
-    }
-    EXPECT_GT(dark, 50);
-    EXPECT_GT(light, 50);
-}
+    const QRect hatched(8, 60, 10, 80);
+    EXPECT_GT(pixelsWhere(gutter, hatched, [](int grey) { return grey < 64; }), 50);
+    EXPECT_GT(pixelsWhere(gutter, hatched, [](int grey) { return grey > 200; }), 50);
 
-TEST(PageSetupPreview, PaintsInvalidSettings)
-{
-    PageSetupPreviewInfo info = letter();
+    info = letter();
     info.TopMargin = info.BottomMargin = 64 * inch;
-    const QImage image = render(info, QStringLiteral("preview-invalid.png"));
-    int dark = 0;
-    for (int x = 0; x < image.width(); ++x)
-        for (int y = 0; y < image.height(); ++y)
-            dark += qGray(image.pixel(x, y)) < 100;
-    EXPECT_GT(dark, 20); // the text
-    EXPECT_EQ(image.pixelColor(150, 180), background);
+    const QImage invalid = render(info, QStringLiteral("preview-invalid.png"));
+    EXPECT_GT(pixelsWhere(invalid, invalid.rect(), [](int grey) { return grey < 100; }), 20); // the text
+    EXPECT_EQ(invalid.pixelColor(150, 180), background);
 }
 
 } // namespace

@@ -3,7 +3,7 @@
 #include "StoreFixture.h"
 #include "library/Xml.h"
 #include "printing/PageSetup.h"
-#include "support/FakePrinterInfo.h"
+#include "printing/PrinterInfo.h"
 
 namespace bravcpl5::test {
 namespace {
@@ -11,13 +11,27 @@ namespace {
 // What the Office Laser's lists and a two-entry printing direction list offer.
 const PageSetupChoices officeLaser{{1, 5, 9, 20, 256}, {1, 2, 4, 5, 7}, {0, 1}};
 
+// The page setup reads only the default printer's current paper and bin.
+struct DefaultPrinter final : PrinterInfo {
+    QString name = QStringLiteral("Office Laser");
+    int size = 1, bin = 7; // Letter, Auto
+    QStringList printerNames() const override { return {name}; }
+    QString defaultPrinterName() const override { return name; }
+    QList<PaperSizeInfo> paperSizes(const QString &) const override { return {}; }
+    QList<PaperBinInfo> paperBins(const QString &) const override { return {}; }
+    int currentPaperSize(const QString &printer) const override { return printer == name ? size : 0; }
+    int currentPaperBin(const QString &printer) const override { return printer == name ? bin : 0; }
+};
+
 class PageSetupTest : public StoreFixture
 {
 protected:
     void SetUp() override
     {
         StoreFixture::SetUp();
-        printers = &FakePrinterInfo::install();
+        auto fake = std::make_unique<DefaultPrinter>();
+        printer = fake.get();
+        SetPrinterInfo(std::move(fake));
     }
     void TearDown() override
     {
@@ -34,43 +48,38 @@ protected:
         EXPECT_TRUE(ReadPageSetup(store, QStringLiteral("Invoice"), choices, fields));
         return fields;
     }
-    // The element's text in the saved file.
-    QString stored(const QString &path, const char *element)
+    // The elements' texts in the saved file.
+    QStringList stored(const QString &path, const QStringList &elements)
     {
         const XmlDocumentPtr xml = LoadXmlFile(path);
-        return xml ? NodeText(SelectSingleNode(*xml, QStringLiteral("//PageSetup/") + element))
-                   : QStringLiteral("<unreadable>");
+        QStringList texts;
+        for (const QString &element : elements)
+            texts << (xml ? NodeText(SelectSingleNode(*xml, QStringLiteral("//PageSetup/") + element)) : QString());
+        return texts;
     }
 
-    FakePrinterInfo *printers = nullptr;
+    DefaultPrinter *printer = nullptr;
 };
 
 TEST_F(PageSetupTest, AnEmptyPageSetupReadsTheDefaults)
 {
     configure("");
-    const PageSetup f = read();
-    EXPECT_EQ(f.paperSize, 1); // the default printer's current paper, Letter
-    EXPECT_EQ(f.paperSource, 7); // and its current bin, Auto
-    EXPECT_EQ(f.paperWidth, ""); // left to the chosen paper
-    EXPECT_EQ(QStringList({f.topMargin, f.bottomMargin, f.leftMargin, f.rightMargin, f.gutter}),
-              QStringList({"1", "1", "1", "1", "0"}));
-    EXPECT_FALSE(f.mirrorMargins);
-    EXPECT_FALSE(f.landscape);
-    EXPECT_EQ(f.columnsPerSheet, "1");
-    EXPECT_EQ(f.printDirection, 0);
-    EXPECT_EQ(QStringList({f.horizontalGap, f.verticalGap, f.labelWidth, f.labelHeight}),
-              QStringList({".125", "0", "3.5", "1"}));
+    // Letter and Auto are the default printer's current paper and bin; the paper's width
+    // and height are left to the chosen paper.
+    const PageSetup defaults{"1", "1", "1", "1", "0", false, false, 1, "", "", 7, "1", 0, ".125", "0", "3.5", "1"};
+    EXPECT_TRUE(read() == defaults);
 }
 
 TEST_F(PageSetupTest, DefaultsFollowTheDefaultPrinter)
 {
     configure("");
-    printers->defaultPrinter = QStringLiteral("PDF Writer"); // A4, no bin (0)
+    printer->size = 9; // A4
+    printer->bin = 0;  // no bin
     PageSetup f = read();
     EXPECT_EQ(f.paperSize, 9);
     EXPECT_EQ(f.paperSource, 1); // 0 is not offered: the first entry
 
-    printers->defaultPrinter.clear(); // nothing to fall back on: the lists stay unselected
+    printer->name.clear(); // nothing to fall back on: the lists stay unselected
     f = read();
     EXPECT_FALSE(f.paperSize.has_value());
     EXPECT_FALSE(f.paperSource.has_value());
@@ -135,15 +144,10 @@ TEST_F(PageSetupTest, TextsAreShownAsStoredAndWrittenAsSingles)
     f.columnsPerSheet = QStringLiteral("2.6");
     ASSERT_TRUE(WritePageSetup(store, QStringLiteral("Invoice"), f));
 
-    EXPECT_EQ(stored(path, "TopMargin"), "0.5");
-    EXPECT_EQ(stored(path, "Orientation"), "1");
-    EXPECT_EQ(stored(path, "MirrorMargins"), "1");
-    EXPECT_EQ(stored(path, "ColumnsPerSheet"), "3"); // nearest, halves to even
-    EXPECT_EQ(stored(path, "HorizontalGap"), "0.125");
-    EXPECT_EQ(stored(path, "LabelWidth"), "2.625");
-    EXPECT_EQ(stored(path, "PaperSize"), "1");
-    EXPECT_EQ(stored(path, "PaperSource"), "7");
-    EXPECT_EQ(stored(path, "PrintDirection"), "0");
+    // ColumnsPerSheet: the nearest, halves to even.
+    EXPECT_EQ(stored(path, {"TopMargin", "Orientation", "MirrorMargins", "ColumnsPerSheet", "HorizontalGap",
+                            "LabelWidth", "PaperSize", "PaperSource", "PrintDirection"}),
+              QStringList({"0.5", "1", "1", "3", "0.125", "2.625", "1", "7", "0"}));
 }
 
 TEST_F(PageSetupTest, WhatCannotBeConvertedLeavesTheElementAsItWas)
@@ -158,34 +162,14 @@ TEST_F(PageSetupTest, WhatCannotBeConvertedLeavesTheElementAsItWas)
     f.topMargin = QStringLiteral("100"); // typed values are not range-checked
     ASSERT_TRUE(WritePageSetup(store, QStringLiteral("Invoice"), f));
 
-    EXPECT_EQ(stored(path, "PaperWidth"), "4");
-    EXPECT_EQ(stored(path, "Gutter"), "0.25");
-    EXPECT_EQ(stored(path, "ColumnsPerSheet"), "2");
-    EXPECT_EQ(stored(path, "PaperSize"), "5");
-    EXPECT_EQ(stored(path, "TopMargin"), "100");
+    EXPECT_EQ(stored(path, {"PaperWidth", "Gutter", "ColumnsPerSheet", "PaperSize", "TopMargin"}),
+              QStringList({"4", "0.25", "2", "5", "100"}));
 }
 
 TEST_F(PageSetupTest, WhatIsWrittenReadsBackTheSame)
 {
     configure("");
-    PageSetup f;
-    f.topMargin = QStringLiteral("0.5");
-    f.bottomMargin = QStringLiteral("0.75");
-    f.leftMargin = QStringLiteral("0.25");
-    f.rightMargin = QStringLiteral("1.5");
-    f.gutter = QStringLiteral("0.125");
-    f.mirrorMargins = true;
-    f.landscape = true;
-    f.paperSize = 256;
-    f.paperWidth = QStringLiteral("4");
-    f.paperHeight = QStringLiteral("6");
-    f.paperSource = 4;
-    f.columnsPerSheet = QStringLiteral("3");
-    f.printDirection = 1;
-    f.horizontalGap = QStringLiteral("0.1");
-    f.verticalGap = QStringLiteral("0.2");
-    f.labelWidth = QStringLiteral("2.625");
-    f.labelHeight = QStringLiteral("1");
+    const PageSetup f{"0.5", "0.75", "0.25", "1.5", "0.125", true, true, 256, "4", "6", 4, "3", 1, "0.1", "0.2", "2.625", "1"};
     ASSERT_TRUE(WritePageSetup(store, QStringLiteral("Invoice"), f));
 
     EXPECT_TRUE(read() == f);

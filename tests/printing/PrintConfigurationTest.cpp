@@ -1,19 +1,34 @@
 // From a configuration file to paper: a configuration with an assigned printer is applied
-// to the reference report, which prints through the sandboxed cupsd.
+// to the reference report, which prints to a PDF and through the sandboxed cupsd; and
+// where the reference report's pages put what is drawn, seen on the rendered PDF.
 
 #include "StoreFixture.h"
 #include "printing/ReferenceReport.h"
 #include "printing/SandboxCups.h"
 
+#include <QImage>
 #include <QPainter>
+#include <QProcess>
 #include <QTemporaryDir>
 
 namespace bravcpl5::test {
 namespace {
 
+bool twoPages(QPainter &painter, const ReportPageToDraw &page)
+{
+    painter.drawRect(page.content);
+    painter.drawText(page.content, QStringLiteral("Page %1").arg(page.number));
+    return page.number < 2;
+}
+
+QHash<QString, QString> printedJob(ReferenceReport &report)
+{
+    return report.print(twoPages) ? FinishedJobAttributes(report.lastJobId()) : QHash<QString, QString>();
+}
+
 struct ConfigurationCase {
     const char *name;
-    const char *printer;      // as assigned; the queue's name differs in case
+    const char *printer;      // as assigned, in any case
     const char *queue;
     QByteArray pageSetup;
     QSizeF pdfPoints;         // as shown
@@ -31,62 +46,147 @@ protected:
     {
         StoreFixture::SetUp();
         SKIP_WITHOUT_CUPSD();
-        const ConfigurationCase &c = GetParam();
-        host.writeSystemFile(QString::fromUtf8(c.name) + QStringLiteral(".pcx"),
-                             configurationXml(c.pageSetup, 1));
-        store->SetPrinterForConfiguration(QString::fromUtf8(c.name), QString::fromUtf8(c.printer));
-        store->SetupPageFromPrinterConfiguration(QString::fromUtf8(c.name), &report);
     }
 
     void expectPdf(const QString &file)
     {
         const PdfFacts facts = ReadPdfFacts(file);
-        EXPECT_EQ(facts.pages, 1);
+        EXPECT_EQ(facts.pages, 2);
         EXPECT_NEAR(facts.pageSize.width(), GetParam().pdfPoints.width(), 1);
         EXPECT_NEAR(facts.pageSize.height(), GetParam().pdfPoints.height(), 1);
-    }
-
-    static bool onePage(QPainter &painter, const ReportPageToDraw &page)
-    {
-        painter.drawRect(page.content);
-        return false;
     }
 
     ReferenceReport report;
     QTemporaryDir folder;
 };
 
-TEST_P(PrintConfigurationTest, PdfHasTheConfiguredPaperAndOrientation)
+TEST_P(PrintConfigurationTest, PdfAndJobHaveTheConfiguredPaperOrientationAndBin)
 {
-    report.setOutputFileName(folder.filePath(QStringLiteral("report.pdf")));
-    ASSERT_TRUE(report.print(onePage));
-    EXPECT_TRUE(report.lastPage().adjustments.isEmpty()) << report.lastPage().adjustments.join(u'\n').toStdString();
-    expectPdf(report.outputFileName());
-}
+    const ConfigurationCase &c = GetParam();
+    const QString name = QString::fromUtf8(c.name);
+    host.writeSystemFile(name + QStringLiteral(".pcx"), configurationXml(c.pageSetup, 1));
+    store->SetPrinterForConfiguration(name, QString::fromUtf8(c.printer));
+    store->SetupPageFromPrinterConfiguration(name, &report);
 
-TEST_P(PrintConfigurationTest, JobCarriesTheConfiguredBin)
-{
-    ASSERT_TRUE(report.print(onePage));
-    const QHash<QString, QString> job = FinishedJobAttributes(report.lastJobId());
+    report.setOutputFileName(folder.filePath(QStringLiteral("report.pdf")));
+    ASSERT_TRUE(report.print(twoPages));
+    EXPECT_TRUE(report.lastPage().adjustments.isEmpty()) << report.lastPage().adjustments.join(u'\n').toStdString();
+    EXPECT_EQ(report.lastJobId(), 0);
+    expectPdf(report.outputFileName());
+
+    report.setOutputFileName(QString());
+    report.setDocumentName(name);
+    const QHash<QString, QString> job = printedJob(report);
+    EXPECT_EQ(job.value(QStringLiteral("job-state")).toInt(), 9) << job.value("job-state-reasons").toStdString();
     EXPECT_EQ(job.value(QStringLiteral("printer-uri")),
-              QStringLiteral("ipp://localhost/printers/") + QString::fromUtf8(GetParam().queue));
-    EXPECT_EQ(job.value(QStringLiteral("InputSlot")), QString::fromUtf8(GetParam().bin));
-    EXPECT_EQ(job.value(QStringLiteral("media")), QString::fromUtf8(GetParam().media));
+              QStringLiteral("ipp://localhost/printers/") + QString::fromUtf8(c.queue));
+    EXPECT_EQ(job.value(QStringLiteral("InputSlot")), QString::fromUtf8(c.bin));
+    EXPECT_EQ(job.value(QStringLiteral("media")), QString::fromUtf8(c.media));
+    EXPECT_EQ(job.value(QStringLiteral("job-name")), name);
     const QString document = folder.filePath(QStringLiteral("printed.pdf"));
-    ASSERT_TRUE(SaveJobDocument(QString::fromUtf8(GetParam().queue), report.lastJobId(), document));
+    ASSERT_TRUE(SaveJobDocument(QString::fromUtf8(c.queue), report.lastJobId(), document));
     expectPdf(document);
 }
 
+QByteArray margins(const char *inches)
+{
+    QByteArray xml;
+    for (const char *side : {"Top", "Bottom", "Left", "Right"})
+        xml += QByteArray("<") + side + "Margin>" + inches + "</" + side + "Margin>";
+    return xml;
+}
+
 INSTANTIATE_TEST_SUITE_P(Table, PrintConfigurationTest, ::testing::Values(
-    ConfigurationCase{"Legal Landscape", "office-laser", "Office-Laser",
-                      "<PaperSize>5</PaperSize><PaperSource>1</PaperSource><Orientation>2</Orientation>"
-                      "<LeftMargin>.5</LeftMargin><RightMargin>.5</RightMargin>",
-                      {1008, 612}, "Legal", "Upper"},
+    ConfigurationCase{"Letter Portrait Upper", "Office-Laser", "Office-Laser",
+                      "<PaperSize>1</PaperSize><PaperSource>1</PaperSource>", {612, 792}, "Letter", "Upper"},
+    ConfigurationCase{"Legal Landscape Manual", "office-laser", "Office-Laser",
+                      "<PaperSize>5</PaperSize><PaperSource>4</PaperSource><Orientation>2</Orientation>" + margins(".5"),
+                      {1008, 612}, "Legal", "Manual"},
+    ConfigurationCase{"A4 Envelope", "OFFICE-LASER", "Office-Laser",
+                      "<PaperSize>9</PaperSize><PaperSource>5</PaperSource>", {595, 842}, "A4", "Envelope"},
     ConfigurationCase{"Address Labels", "LABEL-PRINTER", "Label-Printer",
                       "<PaperSize>257</PaperSize><PaperWidth>2.25</PaperWidth><PaperHeight>1.25</PaperHeight>"
-                      "<PaperSource>256</PaperSource><TopMargin>.1</TopMargin><BottomMargin>.1</BottomMargin>"
-                      "<LeftMargin>.1</LeftMargin><RightMargin>.1</RightMargin>",
-                      {162, 90}, "w162h90", "Roll1"}));
+                      "<PaperSource>256</PaperSource>" + margins(".1"),
+                      {162, 90}, "w162h90", "Roll1"},
+    ConfigurationCase{"Shipping Labels", "Label-Printer", "Label-Printer",
+                      "<PaperSize>256</PaperSize><PaperWidth>4</PaperWidth><PaperHeight>6</PaperHeight>"
+                      "<PaperSource>257</PaperSource><Orientation>2</Orientation>" + margins(".2"),
+                      {432, 288}, "w288h432", "Roll2"}),
+    [](const auto &info) { return QString::fromUtf8(info.param.name).remove(u' ').toStdString(); });
+
+class ReferenceReportTest : public ::testing::Test
+{
+protected:
+    void SetUp() override { SKIP_WITHOUT_CUPSD(); }
+    ReferenceReport report;
+};
+
+TEST_F(ReferenceReportTest, UnknownPrinterPrintsNothing)
+{
+    report.printer()->setDeviceName(QStringLiteral("No-Such-Printer"));
+    EXPECT_FALSE(report.print(twoPages));
+    EXPECT_EQ(report.lastJobId(), 0);
+}
+
+TEST_F(ReferenceReportTest, NoDeviceNamePrintsToTheDefaultPrinterAndALackingBinFromItsDefault)
+{
+    report.pageSettings()->setPaperSource(4);
+    QHash<QString, QString> job = printedJob(report);
+    EXPECT_EQ(job.value(QStringLiteral("printer-uri")), QStringLiteral("ipp://localhost/printers/Office-Laser"));
+    EXPECT_EQ(job.value(QStringLiteral("InputSlot")), QStringLiteral("Manual"));
+
+    report.pageSettings()->setPaperSource(15);
+    report.pageSettings()->setLeftMargin(0);
+    EXPECT_EQ(printedJob(report).value(QStringLiteral("InputSlot")), QStringLiteral("Lower"));
+    EXPECT_EQ(report.lastPage().margins.left(), 360);
+    EXPECT_EQ(report.lastPage().adjustments.size(), 2); // the bin and the margin
+}
+
+// Renders a PDF page at 72 dpi (one pixel per point).
+QImage renderPage(const QString &pdf, int page)
+{
+    const QString prefix = pdf + QStringLiteral("-page");
+    QProcess::execute(QStringLiteral("pdftoppm"), {QStringLiteral("-png"), QStringLiteral("-r"), QStringLiteral("72"),
+                                                   QStringLiteral("-f"), QString::number(page), QStringLiteral("-singlefile"),
+                                                   pdf, prefix});
+    return QImage(prefix + QStringLiteral(".png"));
+}
+
+bool dark(const QImage &image, int x, int y) { return qGray(image.pixel(x, y)) < 64; }
+
+TEST(ReferenceReportPdfTest, ContentAreaSitsInsideMarginsAndGutterOnMirroredPages)
+{
+    QTemporaryDir folder;
+    ReferenceReport report;
+    report.setOutputFileName(folder.filePath(QStringLiteral("mirrored.pdf")));
+    ReportPageSettings &settings = *report.pageSettings();
+    settings.setLeftMargin(1440);     // 72 pt
+    settings.setRightMargin(720);     // 36 pt
+    settings.setTopMargin(2880);      // 144 pt
+    settings.setBottomMargin(1440);
+    settings.setGutter(720);          // 36 pt
+    settings.setMirrorMargins(true);
+    ASSERT_TRUE(report.print([](QPainter &painter, const ReportPageToDraw &page) {
+        painter.fillRect(page.content, Qt::black);
+        return page.number < 2;
+    }));
+
+    const QImage odd = renderPage(report.outputFileName(), 1);
+    ASSERT_EQ(odd.size(), QSize(612, 792));
+    // Odd page: left margin and gutter (108 pt), right margin 36 pt, top 144 pt.
+    EXPECT_FALSE(dark(odd, 105, 400));
+    EXPECT_TRUE(dark(odd, 111, 400));
+    EXPECT_TRUE(dark(odd, 573, 400));
+    EXPECT_FALSE(dark(odd, 579, 400));
+    EXPECT_FALSE(dark(odd, 300, 141));
+    EXPECT_TRUE(dark(odd, 300, 147));
+    // Even page: the sides swap, the gutter moves to the right.
+    const QImage even = renderPage(report.outputFileName(), 2);
+    EXPECT_FALSE(dark(even, 33, 400));
+    EXPECT_TRUE(dark(even, 39, 400));
+    EXPECT_TRUE(dark(even, 501, 400));
+    EXPECT_FALSE(dark(even, 507, 400));
+}
 
 } // namespace
 } // namespace bravcpl5::test

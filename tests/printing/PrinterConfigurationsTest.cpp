@@ -2,6 +2,7 @@
 // checks that speak to the user.
 
 #include "StoreFixture.h"
+#include "library/LateBinding.h"
 #include "support/MessageRecorder.h"
 
 #include <QFileInfo>
@@ -34,33 +35,27 @@ TEST_F(PrinterConfigurationsTest, WithNoFilesTheListHoldsOneEmptyEntryAndVerifie
     EXPECT_TRUE(store->VerifyPrinterConfigurations()); // and no message
 }
 
-TEST_F(PrinterConfigurationsTest, ListsSystemThenUserConfigurationsOnce)
+TEST_F(PrinterConfigurationsTest, ListsSystemThenUserConfigurationsOnceAndFindsTheUsersFirst)
 {
     host.writeSystemFile(QStringLiteral("Letter.pcx"), configurationXml(""));
     host.writeSystemFile(QStringLiteral("Checks.PCX"), configurationXml(""));
-    host.writeUserFile(QStringLiteral("Letter.pcx"), configurationXml(""));
+    host.writeSystemFile(QStringLiteral("Legal.pcx"), configurationXml(""));
+    const QString userLetter = host.writeUserFile(QStringLiteral("Letter.pcx"), configurationXml(""));
     host.writeUserFile(QStringLiteral("Avery 5160.pcx"), configurationXml(""));
     host.writeUserFile(QStringLiteral("letter.pcx.bak"), "");
     host.writeUserFile(QStringLiteral("Nested/Deep.pcx"), configurationXml(""));
     // Repeats are found by exact comparison: a name differing in case is listed again.
     host.writeUserFile(QStringLiteral("CHECKS.pcx"), configurationXml(""));
 
-    EXPECT_EQ(store->GetPrinterConfigurations(),
-              (QStringList{"", "Checks", "Letter", "Avery 5160", "CHECKS"}));
-
+    EXPECT_EQ(store->GetPrinterConfigurations(), (QStringList{"", "Checks", "Legal", "Letter", "Avery 5160", "CHECKS"}));
     const QStringList paths = store->GetPrinterConfigurations(false);
-    ASSERT_EQ(paths.size(), 6); // full paths differ between the folders
-    EXPECT_EQ(paths[2], QDir(host.systemFolder()).filePath("Letter.pcx"));
-    EXPECT_EQ(paths[5], QDir(host.userFolder()).filePath("Letter.pcx"));
-}
+    ASSERT_EQ(paths.size(), 7); // full paths differ between the folders
+    EXPECT_EQ(paths[3], QDir(host.systemFolder()).filePath("Letter.pcx"));
+    EXPECT_EQ(paths[6], userLetter);
 
-TEST_F(PrinterConfigurationsTest, LookupIgnoresCaseAndPrefersTheUserFolder)
-{
-    host.writeSystemFile(QStringLiteral("Letter.pcx"), configurationXml(""));
-    host.writeSystemFile(QStringLiteral("Legal.pcx"), configurationXml(""));
-    const QString userLetter = host.writeUserFile(QStringLiteral("Letter.pcx"), configurationXml(""));
-
+    // Lookup ignores case and prefers the user folder.
     EXPECT_EQ(store->GetPrinterConfigurationFileFromName(QStringLiteral("letter")), userLetter);
+    EXPECT_EQ(QFileInfo(store->GetPrinterConfigurationFileFromName(QStringLiteral("checks"))).fileName(), "CHECKS.pcx");
     EXPECT_EQ(store->GetPrinterConfigurationFileFromName(QStringLiteral("LEGAL")),
               QDir(host.systemFolder()).filePath("Legal.pcx"));
     EXPECT_EQ(store->GetPrinterConfigurationFileFromName(QStringLiteral("Leg")), "");
@@ -88,11 +83,8 @@ TEST_F(PrinterConfigurationsTest, SystemFlagComesFromIdentification)
         writeFile(QDir(host.root()).filePath("elsewhere/Own.pcx"), configurationXml("", 2));
 
     EXPECT_TRUE(store->PrinterConfigurationIsSystem(QStringLiteral("shared")));
-    EXPECT_FALSE(store->PrinterConfigurationIsSystem(QStringLiteral("Own")));
-    EXPECT_FALSE(store->PrinterConfigurationIsSystem(QStringLiteral("Broken")));
-    EXPECT_FALSE(store->PrinterConfigurationIsSystem(QStringLiteral("Plain")));
-    EXPECT_FALSE(store->PrinterConfigurationIsSystem(QStringLiteral("Missing")));
-    EXPECT_FALSE(store->PrinterConfigurationIsSystem(QString()));
+    for (const char *name : {"Own", "Broken", "Plain", "Missing", ""})
+        EXPECT_FALSE(store->PrinterConfigurationIsSystem(QString::fromUtf8(name))) << name;
     EXPECT_TRUE(store->PrinterConfigurationIsSystem(elsewhere));
 }
 
@@ -194,15 +186,9 @@ TEST_F(PrinterConfigurationsTest, WithoutAHostEverythingIsEmpty)
 
 TEST_F(PrinterConfigurationsTest, MembersArePublishedByName)
 {
-    QString file;
     host.writeUserFile(QStringLiteral("Letter.pcx"), configurationXml(""));
-    ASSERT_TRUE(QMetaObject::invokeMethod(store, "GetPrinterConfigurationFileFromName",
-                                          Q_RETURN_ARG(QString, file), Q_ARG(QString, "LETTER")));
-    EXPECT_EQ(QFileInfo(file).fileName(), "Letter.pcx");
-    QStringList names;
-    ASSERT_TRUE(QMetaObject::invokeMethod(store, "GetPrinterConfigurations",
-                                          Q_RETURN_ARG(QStringList, names)));
-    EXPECT_EQ(names, (QStringList{"", "Letter"}));
+    EXPECT_EQ(QFileInfo(late::text(store, "GetPrinterConfigurationFileFromName", {"LETTER"})).fileName(), "Letter.pcx");
+    EXPECT_EQ(late::value(store, "GetPrinterConfigurations").toStringList(), (QStringList{"", "Letter"}));
 }
 
 } // namespace

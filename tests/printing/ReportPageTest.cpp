@@ -99,20 +99,6 @@ INSTANTIATE_TEST_SUITE_P(Table, ResolveReportPageTest, ::testing::Values(
     PageCase{"OddOrientationPrintsPortrait", with([](auto &v) { v.orientation = 0; }),
              false, {12240, 15840}, oneInch, 0, "", "", 1}));
 
-TEST(ResolvedReportPageTest, MirrorMarginsSwapSidesAndGutterOnEvenPages)
-{
-    ReportPageValues values;
-    values.leftMargin = 2 * inch;
-    values.rightMargin = inch;
-    values.gutter = inch / 2;
-    values.mirrorMargins = true;
-    const ResolvedReportPage page = ResolveReportPage(values, CupsQueue(), {});
-    EXPECT_EQ(page.contentRect(1), QRectF(2.5 * inch, inch, 12240 - 3.5 * inch, 15840 - 2 * inch));
-    EXPECT_EQ(page.contentRect(2), QRectF(inch, inch, 12240 - 3.5 * inch, 15840 - 2 * inch));
-    values.mirrorMargins = false;
-    EXPECT_EQ(ResolveReportPage(values, CupsQueue(), {}).contentRect(2).left(), 2.5 * inch);
-}
-
 TEST(ResolvedReportPageTest, PrinterSizeCodeWithoutDimensionsUsesThePrinterSize)
 {
     ReportPageValues values;

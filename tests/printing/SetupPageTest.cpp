@@ -2,9 +2,8 @@
 
 #include "StoreFixture.h"
 #include "support/FakeReport.h"
-#include "support/PartialReport.h"
 
-#include <QStringList>
+#include <QSize>
 
 namespace bravcpl5::test {
 namespace {
@@ -30,29 +29,14 @@ TEST_F(SetupPageTest, AnEmptyPageSetupGivesTheDefaultsInOrder)
 {
     configure("");
     EXPECT_FALSE(apply(&report)); // the result never reports success
-
-    const QStringList expectedOrder{
-        "Printer.DeviceName", "PageSettings.PaperSize", "PageSettings.PaperWidth",
-        "PageSettings.PaperHeight", "PageSettings.PaperSource", "PageSettings.TopMargin",
-        "PageSettings.BottomMargin", "PageSettings.LeftMargin", "PageSettings.RightMargin",
-        "PageSettings.Gutter", "PageSettings.MirrorMargins", "PageSettings.Orientation",
-        "PrintWidth"};
-    EXPECT_EQ(report.writtenMembers(), expectedOrder);
-
-    const FakePageSettings &page = report.fakePageSettings();
-    EXPECT_EQ(report.fakePrinter().deviceName(), "Office Laser");
-    EXPECT_EQ(page.paperSize(), 1);
-    EXPECT_EQ(page.paperWidth(), 11520.0f);
-    EXPECT_EQ(page.paperHeight(), 15840.0f);
-    EXPECT_EQ(page.paperSource(), 7);
-    EXPECT_EQ(page.topMargin(), 1440.0f);
-    EXPECT_EQ(page.bottomMargin(), 1440.0f);
-    EXPECT_EQ(page.leftMargin(), 1440.0f);
-    EXPECT_EQ(page.rightMargin(), 1440.0f);
-    EXPECT_EQ(page.gutter(), 0.0f);
-    EXPECT_FALSE(page.mirrorMargins());
-    EXPECT_EQ(page.orientation(), 1);
-    EXPECT_EQ(report.printWidth(), 8640.0f);
+    EXPECT_EQ(report.writes,
+              QStringList({"Printer.DeviceName=Office Laser", "PageSettings.PaperSize=1",
+                           "PageSettings.PaperWidth=11520", "PageSettings.PaperHeight=15840",
+                           "PageSettings.PaperSource=7", "PageSettings.TopMargin=1440",
+                           "PageSettings.BottomMargin=1440", "PageSettings.LeftMargin=1440",
+                           "PageSettings.RightMargin=1440", "PageSettings.Gutter=0",
+                           "PageSettings.MirrorMargins=false", "PageSettings.Orientation=1",
+                           "PrintWidth=8640"}));
 }
 
 TEST_F(SetupPageTest, StoredValuesAreConvertedToTwips)
@@ -62,52 +46,36 @@ TEST_F(SetupPageTest, StoredValuesAreConvertedToTwips)
               "<LeftMargin>0.75</LeftMargin><RightMargin>0.125</RightMargin><Gutter>0.5</Gutter>"
               "<MirrorMargins>1</MirrorMargins><Orientation>2</Orientation>");
     apply(&report);
-
-    const FakePageSettings &page = report.fakePageSettings();
-    EXPECT_EQ(page.paperSize(), 260);
-    EXPECT_EQ(page.paperWidth(), 5760.0f);
-    EXPECT_EQ(page.paperHeight(), 9360.0f);
-    EXPECT_EQ(page.paperSource(), 258);
-    EXPECT_EQ(page.topMargin(), 360.0f);
-    EXPECT_EQ(page.bottomMargin(), 720.0f);
-    EXPECT_EQ(page.leftMargin(), 1080.0f);
-    EXPECT_EQ(page.rightMargin(), 180.0f);
-    EXPECT_EQ(page.gutter(), 1036800.0f); // converted twice, on purpose
-    EXPECT_TRUE(page.mirrorMargins());
-    EXPECT_EQ(page.orientation(), 2);
-    EXPECT_EQ(report.printWidth(), 5760.0f - 180.0f - 1080.0f);
+    // The gutter is converted twice, on purpose.
+    EXPECT_EQ(report.writes.mid(1),
+              QStringList({"PageSettings.PaperSize=260", "PageSettings.PaperWidth=5760",
+                           "PageSettings.PaperHeight=9360", "PageSettings.PaperSource=258",
+                           "PageSettings.TopMargin=360", "PageSettings.BottomMargin=720",
+                           "PageSettings.LeftMargin=1080", "PageSettings.RightMargin=180",
+                           "PageSettings.Gutter=1036800", "PageSettings.MirrorMargins=true",
+                           "PageSettings.Orientation=2", "PrintWidth=4500"}));
 }
 
-TEST_F(SetupPageTest, OnlySetPrinterChangesOnlyTheDeviceName)
+TEST_F(SetupPageTest, OnlySetPrinterOrNoPageSetupSetsOnlyTheDeviceName)
 {
     configure("<PaperSize>5</PaperSize>");
     apply(&report, true);
-    EXPECT_EQ(report.writtenMembers(), QStringList{"Printer.DeviceName"});
-    EXPECT_EQ(report.fakePrinter().deviceName(), "Office Laser");
-}
+    EXPECT_EQ(report.writes, QStringList{"Printer.DeviceName=Office Laser"});
 
-TEST_F(SetupPageTest, WithoutAPageSetupOnlyThePrinterIsSet)
-{
-    host.writeUserFile(QStringLiteral("Invoice.pcx"), "<PrinterConfiguration/>");
-    apply(&report);
-    EXPECT_EQ(report.writtenMembers(), QStringList{"Printer.DeviceName"});
     // With no printer of its own and no default, the device name is still set, to "".
-    EXPECT_EQ(report.fakePrinter().deviceName(), "");
-}
+    report.writes.clear();
+    host.writeUserFile(QStringLiteral("Other.pcx"), "<PrinterConfiguration/>");
+    store->SetupPageFromPrinterConfiguration(QStringLiteral("Other"), &report);
+    EXPECT_EQ(report.writes, QStringList{"Printer.DeviceName="});
 
-TEST_F(SetupPageTest, AnEmptyConfigurationLeavesTheReportUntouched)
-{
-    configure("");
+    report.writes.clear();
     store->SetupPageFromPrinterConfiguration(QString(), &report);
-    EXPECT_TRUE(report.writes().isEmpty());
-}
+    EXPECT_EQ(report.writes, QStringList());
 
-TEST_F(SetupPageTest, AnUnassignedConfigurationPrintsOnTheDefaultPrinter)
-{
-    host.writeUserFile(QStringLiteral("Labels.pcx"), configurationXml(""));
+    // An unassigned configuration prints on the default printer.
     store->SetPrinterForConfiguration(QStringLiteral("(Default)"), QStringLiteral("Label Printer"));
-    store->SetupPageFromPrinterConfiguration(QStringLiteral("Labels"), &report, true);
-    EXPECT_EQ(report.fakePrinter().deviceName(), "Label Printer");
+    store->SetupPageFromPrinterConfiguration(QStringLiteral("Other"), &report, true);
+    EXPECT_EQ(report.writes, QStringList{"Printer.DeviceName=Label Printer"});
 }
 
 TEST_F(SetupPageTest, AnOverflowingLengthSkipsThatMemberAlone)
@@ -115,30 +83,45 @@ TEST_F(SetupPageTest, AnOverflowingLengthSkipsThatMemberAlone)
     // The gutter fits in twips once (1.44E+36) but not twice.
     configure("<PaperWidth>1E+36</PaperWidth><Gutter>1E+33</Gutter><TopMargin>2</TopMargin>");
     apply(&report);
-    const QStringList written = report.writtenMembers();
-    EXPECT_FALSE(written.contains("PageSettings.PaperWidth"));
-    EXPECT_FALSE(written.contains("PageSettings.Gutter"));
-    EXPECT_TRUE(written.contains("PageSettings.PaperHeight"));
-    EXPECT_EQ(report.fakePageSettings().topMargin(), 2880.0f);
-    // The print width comes from what the page settings hold (width untouched: 0).
-    EXPECT_EQ(report.printWidth(), -2880.0f);
+    // The print width comes from what the page settings hold (the width untouched).
+    EXPECT_EQ(report.writes.mid(1),
+              QStringList({"PageSettings.PaperSize=1", "PageSettings.PaperHeight=15840",
+                           "PageSettings.PaperSource=7", "PageSettings.TopMargin=2880",
+                           "PageSettings.BottomMargin=1440", "PageSettings.LeftMargin=1440",
+                           "PageSettings.RightMargin=1440", "PageSettings.MirrorMargins=false",
+                           "PageSettings.Orientation=1", "PrintWidth=9360"}));
 }
+
+// Page settings lacking most members, with a paper width that cannot be written and a
+// paper size that refuses every number.
+class PartialPageSettings : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(QSize PaperSize MEMBER paperSize)
+    Q_PROPERTY(float PaperWidth READ paperWidth)
+    Q_PROPERTY(float TopMargin MEMBER topMargin)
+    Q_PROPERTY(float LeftMargin MEMBER leftMargin)
+    Q_PROPERTY(float RightMargin MEMBER rightMargin)
+    Q_PROPERTY(int Orientation MEMBER orientation)
+public:
+    float paperWidth() const { return 12240; }
+    QSize paperSize;
+    float topMargin = 0, leftMargin = 0, rightMargin = 0;
+    int orientation = 0;
+};
 
 TEST_F(SetupPageTest, MissingAndRefusedMembersAreSkipped)
 {
     configure("<PaperSize>9</PaperSize><TopMargin>0.5</TopMargin><LeftMargin>2</LeftMargin>"
               "<Orientation>1</Orientation>");
-    PartialReport partial;
+    Logged<PartialPageSettings> settings;
+    Logged<ReportShell> partial; // and no printer
+    partial.log = settings.log = &report.writes;
+    partial.pageSettings = &settings;
     apply(&partial);
-
-    QStringList written;
-    for (const auto &write : partial.writes())
-        written.append(write.first);
-    EXPECT_EQ(written, (QStringList{"PageSettings.TopMargin", "PageSettings.LeftMargin",
-                                    "PageSettings.RightMargin", "PageSettings.Orientation",
-                                    "PrintWidth"}));
     // The read-only paper width is read back as the report holds it.
-    EXPECT_EQ(partial.printWidth(), 12240.0f - 1440.0f - 2880.0f);
+    EXPECT_EQ(report.writes, QStringList({"TopMargin=720", "LeftMargin=2880", "RightMargin=1440",
+                                          "Orientation=2", "PrintWidth=7920"}));
 }
 
 TEST_F(SetupPageTest, ANonObjectReportIsHarmless)
@@ -151,3 +134,5 @@ TEST_F(SetupPageTest, ANonObjectReportIsHarmless)
 
 } // namespace
 } // namespace bravcpl5::test
+
+#include "SetupPageTest.moc"
