@@ -1,5 +1,7 @@
 #include "layout/PickerImages.h"
 
+#include "support/TestOutput.h"
+
 #include <QPainter>
 #include <gtest/gtest.h>
 
@@ -97,7 +99,7 @@ TEST(PickerImages, ContactSheet)
         painter.drawText(QRect(at + QPoint(0, 128), QSize(cell, 14)), Qt::AlignLeft, names[i]);
     }
     painter.end();
-    EXPECT_TRUE(sheet.save(QStringLiteral("picker-images.png")));
+    EXPECT_TRUE(sheet.save(testOutputPath(QStringLiteral("picker-images.png"))));
 }
 
 } // namespace
