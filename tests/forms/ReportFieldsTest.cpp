@@ -106,11 +106,7 @@ TEST_F(FieldsDialog, RefusesWhatIsNotANumberAndWritesSizeNotWidth)
 
 TEST_F(FieldsDialog, CancelEscapeAndTheCloseBoxLeaveTheFileUntouchedAndReturnFalse)
 {
-    const std::pair<const char *, std::function<void(QWidget *)>> closers[] = {
-        {"Cancel", [](QWidget *d) { click(d, "cmdCancel"); }},
-        {"CloseBox", [](QWidget *d) { d->close(); }},
-        {"Escape", [](QWidget *d) { QTest::keyClick(grid(d), Qt::Key_Escape); }}};
-    for (const auto &[name, close] : closers) {
+    for (const auto &[name, close] : test::WaysToCancel(QStringLiteral("rptItems"))) {
         SCOPED_TRACE(name);
         test::WhenModal(QStringLiteral("frmGeneralReportFields"), [&](QWidget *dialog) {
             test::TypeIntoCell(grid(dialog), 0, 1, QStringLiteral("9"));

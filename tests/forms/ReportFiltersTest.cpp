@@ -126,11 +126,7 @@ TEST_F(FiltersDialog, OkWithoutAChangeRewritesEveryValueWithTokensResolved)
 
 TEST_F(FiltersDialog, CancelEscapeAndTheCloseBoxLeaveTheFileUntouchedAndReturnFalse)
 {
-    const std::pair<const char *, std::function<void(QWidget *)>> closers[] = {
-        {"Cancel", [](QWidget *d) { click(d, "cmdCancel"); }},
-        {"CloseBox", [](QWidget *d) { d->close(); }},
-        {"Escape", [](QWidget *d) { QTest::keyClick(grid(d), Qt::Key_Escape); }}};
-    for (const auto &[name, close] : closers) {
+    for (const auto &[name, close] : test::WaysToCancel(QStringLiteral("rptItems"))) {
         SCOPED_TRACE(name);
         test::WhenModal(QStringLiteral("frmGeneralReportFilters"), [&](QWidget *dialog) {
             test::TypeIntoCell(grid(dialog), Sidemark, 1, QStringLiteral("right"));

@@ -57,15 +57,6 @@ TEST_F(PrinterConfigurationsTest, ListsSystemThenUserConfigurationsOnceAndFindsT
     EXPECT_EQ(store->GetPrinterConfigurationFileFromName(QString()), "");
 }
 
-TEST_F(PrinterConfigurationsTest, AMissingFolderIsSkipped)
-{
-    host.writeSystemFile(QStringLiteral("Letter.pcx"), configurationXml(""));
-    host.testOptions().userFolder = QDir(host.root()).filePath("absent");
-    EXPECT_EQ(store->GetPrinterConfigurations(), (QStringList{"", "Letter"}));
-    host.testOptions().systemFolder.clear();
-    EXPECT_EQ(store->GetPrinterConfigurationFileFromName(QStringLiteral("Letter")), "");
-}
-
 TEST_F(PrinterConfigurationsTest, SystemFlagComesFromIdentification)
 {
     host.writeUserFile(QStringLiteral("Shared.pcx"), configurationXml("", 1));
@@ -159,10 +150,17 @@ TEST_F(PrinterConfigurationsTest, VerificationOffersToFixAndStillFails)
     owner.PreTerminate();
 }
 
-TEST_F(PrinterConfigurationsTest, WithNoFilesOrNoHostTheListHoldsOneEmptyEntryAndVerifies)
+// No files, a missing folder, and no host at all.
+TEST_F(PrinterConfigurationsTest, MissingFilesFoldersOrHostGiveEmptyAnswersAndVerify)
 {
     EXPECT_EQ(store->GetPrinterConfigurations(), QStringList{QString()});
     EXPECT_TRUE(store->VerifyPrinterConfigurations()); // and no message
+    host.writeSystemFile(QStringLiteral("Letter.pcx"), configurationXml(""));
+    host.testOptions().userFolder = QDir(host.root()).filePath("absent");
+    EXPECT_EQ(store->GetPrinterConfigurations(), (QStringList{"", "Letter"})) << "the missing folder is skipped";
+    host.testOptions().systemFolder.clear();
+    EXPECT_EQ(store->GetPrinterConfigurationFileFromName(QStringLiteral("Letter")), "");
+
     host.writeUserFile(QStringLiteral("Labels.pcx"), configurationXml("", 1));
     assign("Labels", "Label Printer");
     library.Initialize(nullptr);
