@@ -51,117 +51,80 @@ TEST(CustomDateRange, ShowsTheGivenDatesInTheMaskedFields)
     test::SaveScreenshot(&range.form, QStringLiteral("frmCustomDateRange"));
 }
 
-struct OkCase {
-    const char *name;
-    QString start;   // digits typed into the start field
-    QString end;     // digits typed into the end field
-    QString message; // empty: accepted
-    const char *focus;
-};
-
-void PrintTo(const OkCase &c, std::ostream *os) { *os << c.name; }
-
-class CustomDateRangeOk : public ::testing::TestWithParam<OkCase>
+// Equal dates are accepted; each refusal warns and leaves the focus on the field to mend.
+TEST(CustomDateRange, OkAcceptsOrRefusesWithTheFocusOnTheFieldToMend)
 {
-};
-
-TEST_P(CustomDateRangeOk, AcceptsOrRefusesWithTheFocusOnTheFieldToMend)
-{
-    const OkCase &c = GetParam();
-    MessageRecorder messages;
-    RangeForm range;
-    range.type("txtStartDate", c.start);
-    range.type("txtEndDate", c.end);
-    range.button("cmdOK")->click();
-    test::Settle();
-
-    if (c.message.isEmpty()) {
-        EXPECT_TRUE(messages.texts().isEmpty()) << messages.texts().join('|').toStdString();
-        EXPECT_FALSE(range.form.isVisible());
-        EXPECT_FALSE(range.form.isCancelled());
-        EXPECT_EQ(range.form.startDate(), QDate(2024, 5, 1));
-        EXPECT_EQ(range.form.endDate(), QDate(2024, 5, 1));
-        return;
+    const QString badStart = QStringLiteral("You must enter a valid start date.");
+    const QString endFirst = QStringLiteral("The end date must be the same or later than the start date.");
+    const std::tuple<const char *, QString, QString, QString, const char *> cases[] = {
+        // name, digits typed into start and end, the message (none: accepted), focus
+        {"EqualDates", "05012024", "05012024", {}, nullptr},
+        {"EndBeforeStart", "05022024", "05012024", endFirst, "txtEndDate"},
+        {"InvalidEndSaysStart", "05012024", "13452024", badStart, "txtEndDate"},
+        {"HalfTypedEnd", "05012024", "050120", badStart, "txtEndDate"},
+        {"EmptyStart", "", "05012024", badStart, "txtStartDate"},
+        {"NoSuchDay", "02302024", "05012024", badStart, "txtStartDate"}};
+    for (const auto &[name, start, end, message, focus] : cases) {
+        SCOPED_TRACE(name);
+        MessageRecorder messages;
+        RangeForm range;
+        range.type("txtStartDate", start);
+        range.type("txtEndDate", end);
+        range.button("cmdOK")->click();
+        test::Settle();
+        if (message.isEmpty()) {
+            EXPECT_TRUE(messages.texts().isEmpty()) << messages.texts().join('|').toStdString();
+            EXPECT_FALSE(range.form.isVisible());
+            EXPECT_FALSE(range.form.isCancelled());
+            EXPECT_EQ(range.form.startDate(), QDate(2024, 5, 1));
+            EXPECT_EQ(range.form.endDate(), QDate(2024, 5, 1));
+            continue;
+        }
+        ASSERT_EQ(messages.texts(), QStringList{message});
+        EXPECT_EQ(messages.messages().first().icon, QMessageBox::Warning);
+        EXPECT_TRUE(range.form.isVisible()) << "the dialog stays open";
+        EXPECT_FALSE(range.form.startDate().isValid()) << "the dates are set only by a good OK";
+        EXPECT_EQ(range.form.focusWidget(), range.field(focus));
     }
-    EXPECT_EQ(messages.texts(), QStringList{c.message});
-    ASSERT_EQ(messages.messages().size(), 1);
-    EXPECT_EQ(messages.messages().first().icon, QMessageBox::Warning);
-    EXPECT_TRUE(range.form.isVisible()) << "the dialog stays open";
-    EXPECT_FALSE(range.form.startDate().isValid()) << "the dates are set only by a good OK";
-    EXPECT_EQ(range.form.focusWidget(), range.field(c.focus));
 }
 
-const QString badStart = QStringLiteral("You must enter a valid start date.");
-const QString endFirst = QStringLiteral("The end date must be the same or later than the start date.");
-
-INSTANTIATE_TEST_SUITE_P(
-    Dates, CustomDateRangeOk,
-    ::testing::Values(OkCase{"EqualDates", "05012024", "05012024", {}, nullptr},
-                      OkCase{"EndBeforeStart", "05022024", "05012024", endFirst, "txtEndDate"},
-                      OkCase{"InvalidEndSaysStart", "05012024", "13452024", badStart, "txtEndDate"},
-                      OkCase{"HalfTypedEnd", "05012024", "050120", badStart, "txtEndDate"},
-                      OkCase{"EmptyStart", "", "05012024", badStart, "txtStartDate"},
-                      OkCase{"NoSuchDay", "02302024", "05012024", badStart, "txtStartDate"}),
-    [](const auto &info) { return std::string(info.param.name); });
-
-struct CalendarCase {
-    const char *name;
-    std::function<void(DropDownCalendar *)> act;
-    QString expected; // empty: today's date
-};
-
-void PrintTo(const CalendarCase &c, std::ostream *os) { *os << c.name; }
-
-class CustomDateRangeCalendar : public ::testing::TestWithParam<CalendarCase>
+TEST(CustomDateRange, TheCalendarPutsTheConfirmedDateInTheField)
 {
-};
-
-TEST_P(CustomDateRangeCalendar, PutsTheConfirmedDateInTheField)
-{
-    const CalendarCase &c = GetParam();
-    RangeForm range;
-    bool opened = false;
-    test::WhenPopup(QStringLiteral("dtStartDate"), [&](QWidget *popup) {
-        opened = true;
-        auto *calendar = qobject_cast<DropDownCalendar *>(popup);
-        // It drops down at the field's left edge, directly below it (give or take the
-        // platform's window frame).
-        QLineEdit *field = range.field("txtStartDate");
-        const QPoint offset = popup->pos() - field->mapToGlobal(QPoint(0, field->height()));
-        EXPECT_LE(offset.manhattanLength(), 4) << offset.x() << "," << offset.y();
-        EXPECT_EQ(calendar->calendar()->selectedDate(), QDate(2024, 3, 1));
-        if (c.name == std::string("Screenshot"))
-            test::SaveScreenshot(popup, QStringLiteral("frmCustomDateRange-calendar"));
-        c.act(calendar);
-    });
-    range.button("cmdStartDate")->click();
-    EXPECT_TRUE(opened);
-    const QString expected =
-        c.expected.isEmpty() ? QDate::currentDate().toString(QStringLiteral("MM/dd/yyyy")) : c.expected;
-    EXPECT_EQ(range.field("txtStartDate")->text(), expected);
-    EXPECT_EQ(range.form.focusWidget(), range.field("txtStartDate"));
+    const QString today = QDate::currentDate().toString(QStringLiteral("MM/dd/yyyy"));
+    const std::tuple<const char *, std::function<void(DropDownCalendar *)>, QString> cases[] = {
+        {"NoneGivesToday", [](DropDownCalendar *popup) { popup->findChild<QPushButton *>("cmdNone")->click(); }, today},
+        {"TodayButton", [](DropDownCalendar *popup) { popup->findChild<QPushButton *>("cmdToday")->click(); }, today},
+        {"PickedDay",
+         [](DropDownCalendar *popup) {
+             popup->calendar()->setSelectedDate(QDate(2024, 3, 15));
+             QTest::keyClick(popup->calendar()->focusWidget(), Qt::Key_Return);
+         },
+         "03/15/2024"},
+        {"EscapeChangesNothing", [](DropDownCalendar *popup) { QTest::keyClick(popup, Qt::Key_Escape); }, "03/01/2024"},
+        {"Screenshot", [](DropDownCalendar *popup) { popup->hide(); }, "03/01/2024"}};
+    for (const auto &[name, act, expected] : cases) {
+        SCOPED_TRACE(name);
+        RangeForm range;
+        bool opened = false;
+        test::WhenPopup(QStringLiteral("dtStartDate"), [&](QWidget *popup) {
+            opened = true;
+            // It drops down at the field's left edge, directly below it (give or take the
+            // platform's window frame).
+            QLineEdit *field = range.field("txtStartDate");
+            const QPoint offset = popup->pos() - field->mapToGlobal(QPoint(0, field->height()));
+            EXPECT_LE(offset.manhattanLength(), 4) << offset.x() << "," << offset.y();
+            auto *calendar = qobject_cast<DropDownCalendar *>(popup);
+            EXPECT_EQ(calendar->calendar()->selectedDate(), QDate(2024, 3, 1));
+            if (name == std::string("Screenshot"))
+                test::SaveScreenshot(popup, QStringLiteral("frmCustomDateRange-calendar"));
+            act(calendar);
+        });
+        range.button("cmdStartDate")->click();
+        EXPECT_TRUE(opened);
+        EXPECT_EQ(range.field("txtStartDate")->text(), expected);
+        EXPECT_EQ(range.form.focusWidget(), range.field("txtStartDate"));
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Calendar, CustomDateRangeCalendar,
-    ::testing::Values(
-        CalendarCase{"NoneGivesToday",
-                     [](DropDownCalendar *popup) { popup->findChild<QPushButton *>("cmdNone")->click(); },
-                     {}},
-        CalendarCase{"TodayButton",
-                     [](DropDownCalendar *popup) { popup->findChild<QPushButton *>("cmdToday")->click(); },
-                     {}},
-        CalendarCase{"PickedDay",
-                     [](DropDownCalendar *popup) {
-                         popup->calendar()->setSelectedDate(QDate(2024, 3, 15));
-                         QTest::keyClick(popup->calendar()->focusWidget(), Qt::Key_Return);
-                     },
-                     "03/15/2024"},
-        CalendarCase{"EscapeChangesNothing",
-                     [](DropDownCalendar *popup) { QTest::keyClick(popup, Qt::Key_Escape); },
-                     "03/01/2024"},
-        CalendarCase{"Screenshot", [](DropDownCalendar *popup) { popup->hide(); }, "03/01/2024"}),
-    [](const auto &info) { return std::string(info.param.name); });
 
 TEST(CustomDateRange, AltDownInTheFieldDropsTheCalendarDown)
 {
@@ -175,37 +138,24 @@ TEST(CustomDateRange, AltDownInTheFieldDropsTheCalendarDown)
     EXPECT_TRUE(opened);
 }
 
-struct CloseCase {
-    const char *name;
-    std::function<void(RangeForm &)> close;
-    bool cancelled;
-};
-
-void PrintTo(const CloseCase &c, std::ostream *os) { *os << c.name; }
-
-class CustomDateRangeClose : public ::testing::TestWithParam<CloseCase>
+// The close box leaves Cancelled False; Cancel and Esc set it. No way of closing sets dates.
+TEST(CustomDateRange, ClosingLeavesCancelledAsTheWayOfClosingSays)
 {
-};
-
-TEST_P(CustomDateRangeClose, LeavesCancelledAsTheWayOfClosingSays)
-{
-    RangeForm range;
-    GetParam().close(range);
-    test::Settle();
-    EXPECT_FALSE(range.form.isVisible());
-    EXPECT_EQ(range.form.isCancelled(), GetParam().cancelled);
-    EXPECT_FALSE(range.form.startDate().isValid());
-    EXPECT_FALSE(range.form.endDate().isValid());
+    const std::tuple<const char *, std::function<void(RangeForm &)>, bool> cases[] = {
+        {"CloseBox", [](RangeForm &r) { r.form.close(); }, false},
+        {"CancelButton", [](RangeForm &r) { r.button("cmdCancel")->click(); }, true},
+        {"Escape", [](RangeForm &r) { QTest::keyClick(r.field("txtStartDate"), Qt::Key_Escape); }, true}};
+    for (const auto &[name, close, cancelled] : cases) {
+        SCOPED_TRACE(name);
+        RangeForm range;
+        close(range);
+        test::Settle();
+        EXPECT_FALSE(range.form.isVisible());
+        EXPECT_EQ(range.form.isCancelled(), cancelled);
+        EXPECT_FALSE(range.form.startDate().isValid());
+        EXPECT_FALSE(range.form.endDate().isValid());
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Close, CustomDateRangeClose,
-    ::testing::Values(CloseCase{"CloseBox", [](RangeForm &r) { r.form.close(); }, false},
-                      CloseCase{"CancelButton", [](RangeForm &r) { r.button("cmdCancel")->click(); }, true},
-                      CloseCase{"Escape",
-                                [](RangeForm &r) { QTest::keyClick(r.field("txtStartDate"), Qt::Key_Escape); },
-                                true}),
-    [](const auto &info) { return std::string(info.param.name); });
 
 } // namespace
 } // namespace bravcpl5

@@ -49,6 +49,15 @@ struct FieldsDialog : ::testing::Test {
             texts.append(grid(dialog)->topLevelItem(i)->text(column));
         return texts;
     }
+    // Runs `action` in the dialog over `path`, then clicks `button`.
+    bool run(const QString &path, std::function<void(QWidget *)> action, const char *button = "cmdOK")
+    {
+        test::WhenModal(QStringLiteral("frmGeneralReportFields"), [&](QWidget *dialog) {
+            action(dialog);
+            click(dialog, button);
+        });
+        return library.ShowGeneralReportFields(path);
+    }
     QString attribute(const QString &xpath) const
     {
         const XmlDocumentPtr document = LoadXmlFile(file);
@@ -63,149 +72,94 @@ struct FieldsDialog : ::testing::Test {
 TEST_F(FieldsDialog, ListsEachFieldWithItsWidthAndDefaults)
 {
     QStringList labels, sizes;
-    test::WhenModal(QStringLiteral("frmGeneralReportFields"), [&](QWidget *dialog) {
+    EXPECT_FALSE(run(file, [&](QWidget *dialog) {
         EXPECT_EQ(dialog->windowTitle(), "Report Fields");
         EXPECT_EQ(dialog->font().family(), "Verdana");
         labels = column(dialog, 0);
         sizes = column(dialog, 1);
         test::SaveScreenshot(dialog, QStringLiteral("frmGeneralReportFields"));
-        click(dialog, "cmdCancel");
-    });
-    EXPECT_FALSE(library.ShowGeneralReportFields(file));
+    }, "cmdCancel"));
     EXPECT_EQ(labels, (QStringList{"Order", "Vendor", "Total", "Notes"}));
     EXPECT_EQ(sizes, (QStringList{"1", "2.5", "1.25", "2"}));
 }
 
-struct SizeCase {
-    const char *name;
-    QString typed;
-    QString shown; // what the cell holds afterwards
-};
-
-void PrintTo(const SizeCase &c, std::ostream *os) { *os << c.name; }
-
-class FieldSizes : public FieldsDialog, public ::testing::WithParamInterface<SizeCase>
+// What is not a number is refused; OK writes "size" to every row and leaves "width" alone.
+TEST_F(FieldsDialog, RefusesWhatIsNotANumberAndWritesSizeNotWidth)
 {
-};
-
-TEST_P(FieldSizes, RefusesWhatIsNotANumberAndWritesSizeNotWidth)
-{
-    const SizeCase &c = GetParam();
-    QString shown;
-    test::WhenModal(QStringLiteral("frmGeneralReportFields"), [&](QWidget *dialog) {
-        test::TypeIntoCell(grid(dialog), 1, 1, c.typed);
-        shown = grid(dialog)->topLevelItem(1)->text(1);
-        click(dialog, "cmdOK");
-    });
-    EXPECT_TRUE(library.ShowGeneralReportFields(file));
-    EXPECT_EQ(shown, c.shown);
-    EXPECT_EQ(attribute("//Fields/Vendor/@size"), c.shown);
-    EXPECT_EQ(attribute("//Fields/Vendor/@width"), "2.5") << "width keeps its old value";
-    EXPECT_EQ(attribute("//Fields/Notes/@size"), "2") << "every row is written";
-    EXPECT_EQ(attribute("//Fields/Notes/@width"), "");
+    const std::pair<QString, QString> cases[] = {{"", "2.5"}, {"abc", "2.5"}, {"1.5", "1.5"}, {"-3", "-3"},
+                                                 {"1,000", "1,000"}}; // typed, then shown
+    for (const auto &[typed, expected] : cases) {
+        SCOPED_TRACE(typed.toStdString());
+        host.writeSystemFile(QStringLiteral("Orders.rpx"), configuration);
+        QString shown;
+        EXPECT_TRUE(run(file, [&](QWidget *dialog) {
+            test::TypeIntoCell(grid(dialog), 1, 1, typed);
+            shown = grid(dialog)->topLevelItem(1)->text(1);
+        }));
+        EXPECT_EQ(shown, expected);
+        EXPECT_EQ(attribute("//Fields/Vendor/@size"), expected);
+        EXPECT_EQ(attribute("//Fields/Vendor/@width"), "2.5") << "width keeps its old value";
+        EXPECT_EQ(attribute("//Fields/Notes/@size"), "2") << "every row is written";
+        EXPECT_EQ(attribute("//Fields/Notes/@width"), "");
+    }
 }
 
-INSTANTIATE_TEST_SUITE_P(Sizes, FieldSizes,
-                         ::testing::Values(SizeCase{"Empty", "", "2.5"}, SizeCase{"Letters", "abc", "2.5"},
-                                           SizeCase{"Fraction", "1.5", "1.5"},
-                                           SizeCase{"Negative", "-3", "-3"},
-                                           SizeCase{"Grouped", "1,000", "1,000"}),
-                         [](const auto &info) { return std::string(info.param.name); });
-
-struct CloseCase {
-    const char *name;
-    std::function<void(QWidget *)> close;
-};
-
-void PrintTo(const CloseCase &c, std::ostream *os) { *os << c.name; }
-
-class FieldsClose : public FieldsDialog, public ::testing::WithParamInterface<CloseCase>
+TEST_F(FieldsDialog, CancelEscapeAndTheCloseBoxLeaveTheFileUntouchedAndReturnFalse)
 {
-};
-
-TEST_P(FieldsClose, LeavesTheFileUntouchedAndReturnsFalse)
-{
-    test::WhenModal(QStringLiteral("frmGeneralReportFields"), [&](QWidget *dialog) {
-        test::TypeIntoCell(grid(dialog), 0, 1, QStringLiteral("9"));
-        GetParam().close(dialog);
-    });
-    EXPECT_FALSE(library.ShowGeneralReportFields(file));
-    EXPECT_EQ(test::readFile(file), configuration);
+    for (const auto &[name, close] : test::WaysToCancel(QStringLiteral("rptItems"))) {
+        SCOPED_TRACE(name);
+        test::WhenModal(QStringLiteral("frmGeneralReportFields"), [&](QWidget *dialog) {
+            test::TypeIntoCell(grid(dialog), 0, 1, QStringLiteral("9"));
+            close(dialog);
+        });
+        EXPECT_FALSE(library.ShowGeneralReportFields(file));
+        EXPECT_EQ(test::readFile(file), configuration);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Close, FieldsClose,
-    ::testing::Values(CloseCase{"Cancel", [](QWidget *d) { FieldsDialog::click(d, "cmdCancel"); }},
-                      CloseCase{"CloseBox", [](QWidget *d) { d->close(); }},
-                      CloseCase{"Escape",
-                                [](QWidget *d) { QTest::keyClick(FieldsDialog::grid(d), Qt::Key_Escape); }}),
-    [](const auto &info) { return std::string(info.param.name); });
 
 TEST_F(FieldsDialog, FieldsSharingANameBothUpdateTheFirstElement)
 {
     file = host.writeSystemFile(QStringLiteral("Twins.rpx"), R"(<Report><Fields>
         <Vendor label="Vendor" width="1"/><Vendor label="Vendor again" width="2"/>
         </Fields></Report>)");
-    test::WhenModal(QStringLiteral("frmGeneralReportFields"), [&](QWidget *dialog) {
+    EXPECT_TRUE(run(file, [](QWidget *dialog) {
         test::TypeIntoCell(grid(dialog), 0, 1, QStringLiteral("4"));
         test::TypeIntoCell(grid(dialog), 1, 1, QStringLiteral("5"));
-        click(dialog, "cmdOK");
-    });
-    EXPECT_TRUE(library.ShowGeneralReportFields(file));
+    }));
     EXPECT_EQ(attribute("//Fields/Vendor[1]/@size"), "5") << "the last row wins";
     EXPECT_EQ(attribute("//Fields/Vendor[2]/@size"), "");
 }
 
-TEST_F(FieldsDialog, AFileWithoutFieldsShowsNoRowsAndIsRewrittenUnchanged)
+TEST_F(FieldsDialog, FilesWithoutFieldsShowNoRowsAndOkRewritesThemUnchanged)
 {
     // Single quotes: a file the library writes itself would use double ones, which shows
     // that OK did rewrite it.
     const QByteArray bare = "<?xml version='1.0'?><Report><Title>Bare</Title><Filters><A value='1'/></Filters></Report>";
     file = host.writeSystemFile(QStringLiteral("Bare.rpx"), bare);
-    int rows = -1;
-    test::WhenModal(QStringLiteral("frmGeneralReportFields"), [&](QWidget *dialog) {
-        rows = grid(dialog)->topLevelItemCount();
-        click(dialog, "cmdOK");
-    });
-    EXPECT_TRUE(library.ShowGeneralReportFields(file));
-    EXPECT_EQ(rows, 0);
+    const QString missing = host.systemFolder() + QStringLiteral("/Missing.rpx");
+    for (const QString &path : {file, missing}) {
+        int rows = -1;
+        EXPECT_TRUE(run(path, [&](QWidget *dialog) { rows = grid(dialog)->topLevelItemCount(); }));
+        EXPECT_EQ(rows, 0);
+    }
     const QByteArray after = test::readFile(file);
     EXPECT_NE(after, bare);
     EXPECT_EQ(QString::fromUtf8(after).simplified().remove(' ').toStdString(),
               QString::fromUtf8(bare).replace('\'', '"').remove(' ').toStdString());
-}
-
-TEST_F(FieldsDialog, AMissingFileGivesAnEmptyListAndOkStillSaysTrue)
-{
-    const QString missing = host.systemFolder() + QStringLiteral("/Missing.rpx");
-    int rows = -1;
-    test::WhenModal(QStringLiteral("frmGeneralReportFields"), [&](QWidget *dialog) {
-        rows = grid(dialog)->topLevelItemCount();
-        click(dialog, "cmdOK");
-    });
-    EXPECT_TRUE(library.ShowGeneralReportFields(missing));
-    EXPECT_EQ(rows, 0);
     EXPECT_FALSE(QFile::exists(missing));
 }
 
 TEST_F(FieldsDialog, RemembersItsPlaceAndSizeUnderItsFormName)
 {
-    test::WhenModal(QStringLiteral("frmGeneralReportFields"), [&](QWidget *dialog) {
+    run(file, [](QWidget *dialog) {
         dialog->setGeometry(120, 90, 500, 380);
         dialog->move(120, 90);
-        click(dialog, "cmdCancel");
-    });
-    library.ShowGeneralReportFields(file);
+    }, "cmdCancel");
     const QString record = GetRegValue(HKEY_CURRENT_USER_HANDLE, QString::fromLatin1(WindowPositionsKey),
                                        QStringLiteral("frmGeneralReportFields"), QString());
     EXPECT_EQ(record.split(',').size(), 4) << record.toStdString();
-
     QRect reopened;
-    test::WhenModal(QStringLiteral("frmGeneralReportFields"), [&](QWidget *dialog) {
-        reopened = QRect(dialog->pos(), dialog->size());
-        click(dialog, "cmdCancel");
-    });
-    library.ShowGeneralReportFields(file);
+    run(file, [&](QWidget *dialog) { reopened = QRect(dialog->pos(), dialog->size()); }, "cmdCancel");
     EXPECT_EQ(reopened, QRect(120, 90, 500, 380));
 }
 

@@ -5,7 +5,6 @@
 
 #include "filters/DateRanges.h"
 #include "library/Library.h"
-#include "library/ValueRules.h"
 #include "library/Xml.h"
 #include "support/DialogDriver.h"
 #include "support/FakeDatabase.h"
@@ -82,157 +81,113 @@ struct FiltersDialog : ::testing::Test {
     QString file;
 };
 
-const QString today = values::toShortDate(QDate::currentDate());
 const QString todayInField = QDate::currentDate().toString(QStringLiteral("MM/dd/yyyy"));
 
 TEST_F(FiltersDialog, ShowsEachFilterWithItsValueAndDescription)
 {
-    QStringList captions, values, hidden;
+    QStringList rows; // caption, value, then the hidden type and "allowall"
     QString description;
     test::WhenModal(QStringLiteral("frmGeneralReportFilters"), [&](QWidget *dialog) {
         EXPECT_EQ(dialog->windowTitle(), "Report Filters");
-        QTreeWidget *rows = grid(dialog);
-        EXPECT_TRUE(rows->isColumnHidden(2));
-        EXPECT_TRUE(rows->isColumnHidden(3));
-        EXPECT_EQ(rows->headerItem()->text(0), "Filter");
-        EXPECT_EQ(rows->headerItem()->text(1), "Value");
-        for (int i = 0; i < rows->topLevelItemCount(); ++i) {
-            captions.append(rows->topLevelItem(i)->text(0));
-            values.append(rows->topLevelItem(i)->text(1));
-            hidden.append(rows->topLevelItem(i)->text(2) + '/' + rows->topLevelItem(i)->text(3));
+        QTreeWidget *items = grid(dialog);
+        EXPECT_TRUE(items->isColumnHidden(2) && items->isColumnHidden(3));
+        EXPECT_EQ(items->headerItem()->text(0) + '|' + items->headerItem()->text(1), "Filter|Value");
+        for (int i = 0; i < items->topLevelItemCount(); ++i) {
+            const QTreeWidgetItem *item = items->topLevelItem(i);
+            rows << QStringList{item->text(0), item->text(1), item->text(2), item->text(3)}.join('|');
         }
-        rows->setCurrentItem(rows->topLevelItem(Active), 1);
+        items->setCurrentItem(items->topLevelItem(Active), 1);
         description = dialog->findChild<QLabel *>("lblDescription")->text();
-        EXPECT_EQ(rows->topLevelItem(Active)->toolTip(1), "asdf");
-        rows->setCurrentItem(rows->topLevelItem(OrderDate), 1);
+        EXPECT_EQ(items->topLevelItem(Active)->toolTip(1), "asdf");
+        items->setCurrentItem(items->topLevelItem(OrderDate), 1);
         test::SaveScreenshot(dialog, QStringLiteral("frmGeneralReportFilters"));
         click(dialog, "cmdCancel");
     });
     EXPECT_FALSE(library.ShowGeneralReportFilters(file));
-    EXPECT_EQ(captions, (QStringList{"Order date", "Ship date", "Vendor", "Manufacturer", "Source",
-                                     "Active only", "State", "Sidemark"}));
-    EXPECT_EQ(values, (QStringList{"Last Week", "Custom Date Range : 3/1/2024 to 3/31/2024", "Acme Shades",
-                                   "Alpha Blinds", "Fabricate", "Yes", "TX", "left"}));
-    EXPECT_EQ(hidden[ShipDate], "daterange/0");
-    EXPECT_EQ(hidden[Vendor], "vendor/1");
+    EXPECT_EQ(rows, (QStringList{"Order date|Last Week|daterange|0",
+                                 "Ship date|Custom Date Range : 3/1/2024 to 3/31/2024|daterange|0",
+                                 "Vendor|Acme Shades|vendor|1", "Manufacturer|Alpha Blinds|manufacturer|0",
+                                 "Source|Fabricate|productsource|0", "Active only|Yes|boolean|0", "State|TX||0",
+                                 "Sidemark|left||0"}));
     EXPECT_EQ(description, "asdf");
 }
 
 TEST_F(FiltersDialog, OkWithoutAChangeRewritesEveryValueWithTokensResolved)
 {
     EXPECT_TRUE(runThenOk([](QWidget *) {}));
-    EXPECT_EQ(value("OrderDate"), "Last Week");
-    EXPECT_EQ(value("ShipDate"), "Custom Date Range : 3/1/2024 to 3/31/2024");
-    EXPECT_EQ(value("Vendor"), "Acme Shades");
-    EXPECT_EQ(value("Manufacturer"), "Alpha Blinds");
-    EXPECT_EQ(value("Source"), "2");
-    EXPECT_EQ(value("Active"), "1");
-    EXPECT_EQ(value("State"), "TX");
-    EXPECT_EQ(value("Sidemark"), "left");
+    QStringList stored;
+    for (const char *filter : {"OrderDate", "ShipDate", "Vendor", "Manufacturer", "Source", "Active", "State", "Sidemark"})
+        stored << value(filter);
+    EXPECT_EQ(stored, (QStringList{"Last Week", "Custom Date Range : 3/1/2024 to 3/31/2024", "Acme Shades",
+                                   "Alpha Blinds", "2", "1", "TX", "left"}));
     const XmlDocumentPtr document = LoadXmlFile(file);
     EXPECT_EQ(NodeText(SelectSingleNode(*document, "//Fields/Vendor/@width")), "2");
 }
 
-struct CloseCase {
-    const char *name;
-    std::function<void(QWidget *)> close;
-};
-
-void PrintTo(const CloseCase &c, std::ostream *os) { *os << c.name; }
-
-class FiltersClose : public FiltersDialog, public ::testing::WithParamInterface<CloseCase>
+TEST_F(FiltersDialog, CancelEscapeAndTheCloseBoxLeaveTheFileUntouchedAndReturnFalse)
 {
-};
-
-TEST_P(FiltersClose, LeavesTheFileUntouchedAndReturnsFalse)
-{
-    test::WhenModal(QStringLiteral("frmGeneralReportFilters"), [&](QWidget *dialog) {
-        test::TypeIntoCell(grid(dialog), Sidemark, 1, QStringLiteral("right"));
-        EXPECT_EQ(shown(dialog, Sidemark), "right");
-        GetParam().close(dialog);
-    });
-    EXPECT_FALSE(library.ShowGeneralReportFilters(file));
-    EXPECT_EQ(test::readFile(file), configuration);
+    for (const auto &[name, close] : test::WaysToCancel(QStringLiteral("rptItems"))) {
+        SCOPED_TRACE(name);
+        test::WhenModal(QStringLiteral("frmGeneralReportFilters"), [&](QWidget *dialog) {
+            test::TypeIntoCell(grid(dialog), Sidemark, 1, QStringLiteral("right"));
+            EXPECT_EQ(shown(dialog, Sidemark), "right");
+            close(dialog);
+        });
+        EXPECT_FALSE(library.ShowGeneralReportFilters(file));
+        EXPECT_EQ(test::readFile(file), configuration);
+    }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Close, FiltersClose,
-    ::testing::Values(CloseCase{"Cancel", [](QWidget *d) { FiltersDialog::click(d, "cmdCancel"); }},
-                      CloseCase{"CloseBox", [](QWidget *d) { d->close(); }},
-                      CloseCase{"Escape",
-                                [](QWidget *d) { QTest::keyClick(FiltersDialog::grid(d), Qt::Key_Escape); }}),
-    [](const auto &info) { return std::string(info.param.name); });
-
-struct PickCase {
-    const char *name;
-    int row;
-    QStringList offered; // the list as it drops down (a prefix of it)
-    QString pick;
-    QString shown;
-    const char *filter;
-    QString stored;
-};
-
-void PrintTo(const PickCase &c, std::ostream *os) { *os << c.name; }
-
-class FiltersPick : public FiltersDialog, public ::testing::WithParamInterface<PickCase>
+TEST_F(FiltersDialog, EachTypeOffersItsChoicesAndStoresThePick)
 {
-};
-
-TEST_P(FiltersPick, OffersTheTypesChoicesAndStoresThePick)
-{
-    const PickCase &c = GetParam();
-    QStringList offered;
-    QString after;
-    EXPECT_TRUE(runThenOk([&](QWidget *dialog) {
-        offered = test::OpenChoices(grid(dialog), c.row, 1);
-        EXPECT_TRUE(test::PickChoice(c.pick)) << c.pick.toStdString();
-        test::Settle();
-        after = shown(dialog, c.row);
-    }));
-    EXPECT_EQ(offered.mid(0, c.offered.size()), c.offered);
-    EXPECT_EQ(after, c.shown);
-    EXPECT_EQ(value(c.filter), c.stored);
+    const struct {
+        int row;
+        QStringList offered; // the list as it drops down (a prefix of it)
+        QString pick;
+        const char *filter;
+        QString stored;
+    } cases[] = {
+        {Active, {"Yes", "No"}, "No", "Active", "0"},
+        {Source, {"None", "Purchase", "Fabricate", "Stock", "Other"}, "Stock", "Source", "3"},
+        {Vendor, {"(All Vendors)", "Acme Shades", "Blind Spot", "Cord & Co"}, "Cord & Co", "Vendor", "Cord & Co"},
+        {Manufacturer, {"Alpha Blinds", "Zeta Shutters"}, "Zeta Shutters", "Manufacturer", "Zeta Shutters"},
+        {OrderDate,
+         {"Today", "Yesterday", "This Year", "This Week", "This Month", "Last Week", "Last Month", "Past 30 days",
+          "Past 60 days", "Past 90 days", "Custom Date Range"},
+         "Past 90 days", "OrderDate", "Past 90 days"}};
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.filter);
+        QStringList offered;
+        QString after;
+        EXPECT_TRUE(runThenOk([&](QWidget *dialog) {
+            offered = test::OpenChoices(grid(dialog), c.row, 1);
+            EXPECT_TRUE(test::PickChoice(c.pick)) << c.pick.toStdString();
+            test::Settle();
+            after = shown(dialog, c.row);
+        }));
+        EXPECT_EQ(offered.mid(0, c.offered.size()), c.offered);
+        EXPECT_EQ(after, c.pick);
+        EXPECT_EQ(value(c.filter), c.stored);
+    }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Choices, FiltersPick,
-    ::testing::Values(
-        PickCase{"BooleanNo", Active, {"Yes", "No"}, "No", "No", "Active", "0"},
-        PickCase{"ProductSource", Source, {"None", "Purchase", "Fabricate", "Stock", "Other"}, "Stock",
-                 "Stock", "Source", "3"},
-        PickCase{"VendorWithAllEntry", Vendor, {"(All Vendors)", "Acme Shades", "Blind Spot", "Cord & Co"},
-                 "Cord & Co", "Cord & Co", "Vendor", "Cord & Co"},
-        PickCase{"Manufacturer", Manufacturer, {"Alpha Blinds", "Zeta Shutters"}, "Zeta Shutters",
-                 "Zeta Shutters", "Manufacturer", "Zeta Shutters"},
-        PickCase{"NamedRange", OrderDate,
-                 {"Today", "Yesterday", "This Year", "This Week", "This Month", "Last Week", "Last Month",
-                  "Past 30 days", "Past 60 days", "Past 90 days", "Custom Date Range"},
-                 "Past 90 days", "Past 90 days", "OrderDate", "Past 90 days"}),
-    [](const auto &info) { return std::string(info.param.name); });
-
-TEST_F(FiltersDialog, ADropDownIsBuiltAfreshEachTimeItOpens)
+TEST_F(FiltersDialog, ADropDownIsBuiltAfreshEachTimeItOpensAndTypedTextIsStoredAsTyped)
 {
     QStringList first, second;
-    runThenOk([&](QWidget *dialog) {
+    EXPECT_TRUE(runThenOk([&](QWidget *dialog) {
         first = test::OpenChoices(grid(dialog), Vendor, 1);
         QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
         test::Settle();
         database.fields["VendorName"].append("Drapery Depot");
         second = test::OpenChoices(grid(dialog), Vendor, 1);
         QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
-    });
+        test::Settle();
+        test::TypeIntoCell(grid(dialog), State, 1, QStringLiteral("Ohio & more"));
+    }));
     EXPECT_EQ(first.size(), 4);
     EXPECT_EQ(second.size(), 5);
     EXPECT_EQ(second.last(), "Drapery Depot");
     EXPECT_EQ(value("Vendor"), "Acme Shades") << "a dismissed list changes nothing";
-}
-
-TEST_F(FiltersDialog, TypedTextIsStoredAsTyped)
-{
-    EXPECT_TRUE(runThenOk([](QWidget *dialog) {
-        test::TypeIntoCell(grid(dialog), State, 1, QStringLiteral("Ohio & more"));
-    }));
     EXPECT_EQ(value("State"), "Ohio & more");
 }
 
@@ -262,22 +217,24 @@ QString fieldText(QWidget *dialog, const char *name)
     return dialog->findChild<QLineEdit *>(QLatin1String(name))->text();
 }
 
-TEST_F(FiltersDialog, CustomRangeForANamedRangeStartsAtTodayAndSurvivesCancel)
+TEST_F(FiltersDialog, CustomRangeForANamedRangeStartsAtTodayAndSurvivesCancelOrTheCloseBox)
 {
-    QString start, end, after;
+    QString start, end, named, custom;
     EXPECT_TRUE(runThenOk([&](QWidget *dialog) {
-        after = chooseCustomRange(dialog, OrderDate, [&](QWidget *range) {
+        named = chooseCustomRange(dialog, OrderDate, [&](QWidget *range) {
             start = fieldText(range, "txtStartDate");
             end = fieldText(range, "txtEndDate");
             test::SaveScreenshot(range, QStringLiteral("frmCustomDateRange-from-filters"));
             click(range, "cmdCancel");
         });
+        custom = chooseCustomRange(dialog, ShipDate, [](QWidget *range) { range->close(); });
     }));
     EXPECT_EQ(start, todayInField);
     EXPECT_EQ(end, todayInField);
     const QString todayToToday = CustomDateRangeText(QDate::currentDate(), QDate::currentDate());
-    EXPECT_EQ(after, todayToToday);
+    EXPECT_EQ(named, todayToToday);
     EXPECT_EQ(value("OrderDate"), todayToToday);
+    EXPECT_EQ(custom, "Custom Date Range : 3/1/2024 to 3/31/2024");
 }
 
 TEST_F(FiltersDialog, CustomRangeChosenAgainKeepsItsDatesAndTakesTheConfirmedOnes)
@@ -299,15 +256,6 @@ TEST_F(FiltersDialog, CustomRangeChosenAgainKeepsItsDatesAndTakesTheConfirmedOne
     EXPECT_EQ(end, "03/31/2024");
     EXPECT_EQ(after, "Custom Date Range : 3/1/2024 to 4/15/2024");
     EXPECT_EQ(value("ShipDate"), "Custom Date Range : 3/1/2024 to 4/15/2024");
-}
-
-TEST_F(FiltersDialog, CustomRangeDialogClosedByItsCloseBoxKeepsTheRowsDates)
-{
-    QString after;
-    runThenOk([&](QWidget *dialog) {
-        after = chooseCustomRange(dialog, ShipDate, [](QWidget *range) { range->close(); });
-    });
-    EXPECT_EQ(after, "Custom Date Range : 3/1/2024 to 3/31/2024");
 }
 
 TEST_F(FiltersDialog, AFileWithoutFiltersShowsNoRowsAndOkSavesIt)

@@ -44,56 +44,37 @@ TEST(Library, ClientThatKnowsOnlyNames)
     EXPECT_FALSE(retired);
 }
 
-TEST(Library, PreTerminateWithoutServicesOnlyForgetsTheHost)
+// The host is replaced on a second Initialize, forgotten when it goes, and never owned.
+TEST(Library, HostIsReplacedForgottenWhenDeletedAndNeverOwned)
 {
-    Library library;
-    QObject host;
-    library.Initialize(&host);
-    library.PreTerminate();
-    library.PreTerminate();
-    EXPECT_EQ(library.sharedCodeLibrary(), nullptr);
-    EXPECT_TRUE(library.children().isEmpty());
-}
-
-TEST(Library, InitializeReplacesTheHostAndNeverOwnsIt)
-{
-    auto library = std::make_unique<Library>();
-    QObject first, second;
-    library->Initialize(&first);
-    library->Initialize(&second);
-    EXPECT_EQ(library->sharedCodeLibrary(), &second);
-    EXPECT_EQ(library->printerConfigurations()->host(), &second);
-    library.reset(); // without PreTerminate: the services go with it, the host stays
-    EXPECT_EQ(second.objectName(), QString());
-}
-
-TEST(Library, HostDeletedFirstLeavesNoDanglingReference)
-{
-    Library library;
-    auto host = std::make_unique<QObject>();
-    library.Initialize(host.get());
-    host.reset();
-    EXPECT_EQ(library.sharedCodeLibrary(), nullptr);
-    EXPECT_EQ(library.reportLayout()->host(), nullptr);
+    QPointer<QObject> first = new QObject, second = new QObject;
+    {
+        Library library;
+        library.Initialize(first);
+        library.Initialize(second);
+        EXPECT_EQ(library.printerConfigurations()->host(), second.data());
+        delete second;
+        EXPECT_EQ(library.sharedCodeLibrary(), nullptr);
+        EXPECT_EQ(library.reportLayout()->host(), nullptr);
+        library.Initialize(first);
+    } // without PreTerminate: the services go with the library, the host stays
+    ASSERT_TRUE(first);
+    delete first;
 }
 
 TEST(Factory, CreatesEachPublishedClassByIdentifier)
 {
-    struct Case {
-        const char *progId;
-        const char *className;
-    };
-    const Case cases[] = {
+    const std::pair<const char *, const char *> cases[] = {
         {"bravcpl5.Library", "bravcpl5::Library"},
         {"bravcpl5.PrinterConfigurations", "bravcpl5::PrinterConfigurations"},
         {"bravcpl5.ReportLayout", "bravcpl5::ReportLayout"},
         {"bravcpl5.ReportConfiguration", "bravcpl5::ReportConfiguration"},
         {"BRAVCPL5.library", "bravcpl5::Library"},
     };
-    for (const Case &c : cases) {
-        std::unique_ptr<QObject> object(bravcpl5_CreateObject(c.progId));
-        ASSERT_TRUE(object) << c.progId;
-        EXPECT_STREQ(object->metaObject()->className(), c.className);
+    for (const auto &[progId, className] : cases) {
+        std::unique_ptr<QObject> object(bravcpl5_CreateObject(progId));
+        ASSERT_TRUE(object) << progId;
+        EXPECT_STREQ(object->metaObject()->className(), className);
     }
     for (const char *unknown : {"bravcpl5.Nothing", "", "Library", "bravcpl5.Library.1"})
         EXPECT_EQ(bravcpl5_CreateObject(unknown), nullptr) << unknown;

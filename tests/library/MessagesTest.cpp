@@ -35,15 +35,4 @@ TEST(Messages, ShowsAModalBoxWithTheApplicationTitle)
     EXPECT_EQ(text, QStringLiteral("Proceed?"));
     EXPECT_EQ(icon, QMessageBox::Question);
 }
-
-TEST(Messages, RecorderAnswersInTurn)
-{
-    test::MessageRecorder recorder({QMessageBox::Yes, QMessageBox::No});
-    EXPECT_EQ(ShowMessage(QStringLiteral("a")), QMessageBox::Yes);
-    EXPECT_EQ(ShowMessage(QStringLiteral("b"), QMessageBox::Critical), QMessageBox::No);
-    EXPECT_EQ(ShowMessage(QStringLiteral("c")), QMessageBox::No);
-    EXPECT_EQ(recorder.texts(), (QStringList{QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")}));
-    EXPECT_EQ(recorder.messages()[1].icon, QMessageBox::Critical);
-}
-
 } // namespace

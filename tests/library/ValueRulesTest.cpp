@@ -1,6 +1,7 @@
 #include "library/ValueRules.h"
 
 #include <gtest/gtest.h>
+#include <optional>
 
 using namespace bravcpl5::values;
 
@@ -9,137 +10,75 @@ namespace {
 const QLocale us(QLocale::English, QLocale::UnitedStates);
 const QLocale de(QLocale::German, QLocale::Germany);
 
-struct NumericCase {
-    const char *text;
-    bool german;
-    bool numeric;
-    double value;
-};
-
-void PrintTo(const NumericCase &c, std::ostream *os) { *os << '"' << c.text << '"'; }
-
-class NumericTest : public ::testing::TestWithParam<NumericCase> {};
-
-TEST_P(NumericTest, ParsesLikeThePlatform)
+TEST(ValueRules, NumbersParseLikeThePlatform)
 {
-    const NumericCase &c = GetParam();
-    const auto number = parseNumber(QString::fromUtf8(c.text), c.german ? de : us);
-    ASSERT_EQ(number.has_value(), c.numeric) << c.text;
-    if (c.numeric) {
-        EXPECT_DOUBLE_EQ(*number, c.value) << c.text;
+    const std::tuple<const char *, const QLocale &, std::optional<double>> cases[] = {
+        {"12", us, 12},         {"  12.5 ", us, 12.5},   {"-3", us, -3},           {"+.125", us, 0.125},
+        {"5.", us, 5},          {"1,234.5", us, 1234.5}, {"1E3", us, 1000},        {"2.5e-1", us, 0.25},
+        {"1D2", us, 100},       {"12,5", de, 12.5},      {"1.234,5", de, 1234.5},  {"", us, {}},
+        {"   ", us, {}},        {".", us, {}},           {"abc", us, {}},          {"12abc", us, {}},
+        {"1 2", us, {}},        {"--1", us, {}},         {",5", us, {}},           {"1E", us, {}}};
+    for (const auto &[text, locale, value] : cases)
+        EXPECT_EQ(parseNumber(QString::fromUtf8(text), locale), value) << '"' << text << '"';
+}
+
+// Halves go to the even neighbour; what does not fit fails.
+TEST(ValueRules, Int16RoundsHalvesToEvenAndFailsOnOverflow)
+{
+    const std::pair<double, std::optional<int>> cases[] = {
+        {12.5, 12},     {13.5, 14},    {2.6, 3},          {-2.5, -2},     {-3.5, -4},  {0.4999, 0},
+        {32767, 32767}, {32767.5, {}}, {-32768, -32768}, {-32768.6, {}}, {70000, {}}};
+    for (const auto &[value, expected] : cases) {
+        const auto result = toInt16(value);
+        EXPECT_EQ(result ? std::optional<int>(*result) : std::nullopt, expected) << value;
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Table, NumericTest, ::testing::Values(
-    NumericCase{"12", false, true, 12}, NumericCase{"  12.5 ", false, true, 12.5},
-    NumericCase{"-3", false, true, -3}, NumericCase{"+.125", false, true, 0.125},
-    NumericCase{"5.", false, true, 5}, NumericCase{"1,234.5", false, true, 1234.5},
-    NumericCase{"1E3", false, true, 1000}, NumericCase{"2.5e-1", false, true, 0.25},
-    NumericCase{"1D2", false, true, 100}, NumericCase{"12,5", true, true, 12.5},
-    NumericCase{"1.234,5", true, true, 1234.5}, NumericCase{"", false, false, 0},
-    NumericCase{"   ", false, false, 0}, NumericCase{".", false, false, 0},
-    NumericCase{"abc", false, false, 0}, NumericCase{"12abc", false, false, 0},
-    NumericCase{"1 2", false, false, 0}, NumericCase{"--1", false, false, 0},
-    NumericCase{",5", false, false, 0}, NumericCase{"1E", false, false, 0}));
-
-struct RoundCase {
-    double value;
-    bool fits;
-    int expected;
-};
-
-void PrintTo(const RoundCase &c, std::ostream *os) { *os << c.value; }
-
-class Int16Test : public ::testing::TestWithParam<RoundCase> {};
-
-TEST_P(Int16Test, RoundsHalvesToEvenAndFailsOnOverflow)
-{
-    const RoundCase &c = GetParam();
-    const auto result = toInt16(c.value);
-    ASSERT_EQ(result.has_value(), c.fits) << c.value;
-    if (c.fits) {
-        EXPECT_EQ(*result, c.expected) << c.value;
-    }
-}
-
-INSTANTIATE_TEST_SUITE_P(Table, Int16Test, ::testing::Values(
-    RoundCase{12.5, true, 12}, RoundCase{13.5, true, 14}, RoundCase{2.6, true, 3},
-    RoundCase{-2.5, true, -2}, RoundCase{-3.5, true, -4}, RoundCase{0.4999, true, 0},
-    RoundCase{32767, true, 32767}, RoundCase{32767.5, false, 0}, RoundCase{-32768, true, -32768},
-    RoundCase{-32768.6, false, 0}, RoundCase{70000, false, 0}));
-
-TEST(ValueRules, Int32HasTheWiderRange)
+TEST(ValueRules, Int32AndSinglesHaveTheirOwnRanges)
 {
     EXPECT_EQ(toInt32(70000.5), 70000);
     EXPECT_FALSE(toInt32(3e9).has_value());
     EXPECT_EQ(textToInt32(QStringLiteral("10.5"), us), 10);
     EXPECT_FALSE(textToInt32(QStringLiteral("abc"), us).has_value());
-}
-
-TEST(ValueRules, SinglesFailBeyondTheirRange)
-{
     EXPECT_FALSE(toSingle(1e39).has_value());
     EXPECT_FLOAT_EQ(*textToSingle(QStringLiteral("0.1"), us), 0.1f);
 }
 
-struct SingleTextCase {
-    float value;
-    const char *us;
-    const char *de;
-};
-
-void PrintTo(const SingleTextCase &c, std::ostream *os) { *os << c.us; }
-
-class SingleTextTest : public ::testing::TestWithParam<SingleTextCase> {};
-
-TEST_P(SingleTextTest, IsTheShortestText)
+TEST(ValueRules, SingleTextIsTheShortest)
 {
-    const SingleTextCase &c = GetParam();
-    EXPECT_EQ(singleToText(c.value, us), QString::fromUtf8(c.us));
-    EXPECT_EQ(singleToText(c.value, de), QString::fromUtf8(c.de));
+    const std::tuple<float, const char *, const char *> cases[] = {
+        {1.5f, "1.5", "1,5"}, {0.125f, "0.125", "0,125"}, {64.0f, "64", "64"}, {0.0f, "0", "0"},
+        {0.1f, "0.1", "0,1"}, {0.1f + 0.2f, "0.3", "0,3"}, {63.95f + 0.1f, "64.05", "64,05"},
+        {-0.5f, "-0.5", "-0,5"}, {1.0f / 3.0f, "0.3333333", "0,3333333"}, {0.0001f, "0.0001", "0,0001"},
+        {0.00001f, "1E-05", "1E-05"}, {12345678.0f, "1.234568E+07", "1,234568E+07"},
+        {1234567.0f, "1234567", "1234567"}};
+    for (const auto &[value, inUs, inDe] : cases) {
+        EXPECT_EQ(singleToText(value, us), QString::fromUtf8(inUs));
+        EXPECT_EQ(singleToText(value, de), QString::fromUtf8(inDe));
+    }
 }
 
-INSTANTIATE_TEST_SUITE_P(Table, SingleTextTest, ::testing::Values(
-    SingleTextCase{1.5f, "1.5", "1,5"}, SingleTextCase{0.125f, "0.125", "0,125"},
-    SingleTextCase{64.0f, "64", "64"}, SingleTextCase{0.0f, "0", "0"},
-    SingleTextCase{0.1f, "0.1", "0,1"}, SingleTextCase{0.1f + 0.2f, "0.3", "0,3"},
-    SingleTextCase{63.95f + 0.1f, "64.05", "64,05"}, SingleTextCase{-0.5f, "-0.5", "-0,5"},
-    SingleTextCase{1.0f / 3.0f, "0.3333333", "0,3333333"},
-    SingleTextCase{0.0001f, "0.0001", "0,0001"}, SingleTextCase{0.00001f, "1E-05", "1E-05"},
-    SingleTextCase{12345678.0f, "1.234568E+07", "1,234568E+07"},
-    SingleTextCase{1234567.0f, "1234567", "1234567"}));
-
-TEST(ValueRules, ShortDatesHaveFourDigitYearsInTheLocaleOrder)
+TEST(ValueRules, ShortDatesHaveFourDigitYearsAndParseInTheLocaleOrder)
 {
-    const QDate date(2024, 1, 5);
-    EXPECT_EQ(toShortDate(date, us), QStringLiteral("1/5/2024"));
-    EXPECT_EQ(toShortDate(date, de), QStringLiteral("05.01.2024"));
+    EXPECT_EQ(toShortDate(QDate(2024, 1, 5), us), QStringLiteral("1/5/2024"));
+    EXPECT_EQ(toShortDate(QDate(2024, 1, 5), de), QStringLiteral("05.01.2024"));
     EXPECT_EQ(toShortDate(QDate(), us), QString());
+    const std::tuple<const char *, const QLocale &, QDate> cases[] = {
+        {"1/5/2024", us, QDate(2024, 1, 5)}, {" 12/31/99 ", us, QDate(1999, 12, 31)},
+        {"2/3/05", us, QDate(2005, 2, 3)},   {"05.01.2024", de, QDate(2024, 1, 5)},
+        {"2/30/2024", us, QDate()},          {"1/5", us, QDate()},
+        {"  /  /    ", us, QDate()},         {"tomorrow", us, QDate()}};
+    for (const auto &[text, locale, date] : cases)
+        EXPECT_EQ(parseShortDate(QString::fromUtf8(text), locale), date) << text;
 }
 
-TEST(ValueRules, ShortDatesParseInTheLocaleOrder)
-{
-    EXPECT_EQ(parseShortDate(QStringLiteral("1/5/2024"), us), QDate(2024, 1, 5));
-    EXPECT_EQ(parseShortDate(QStringLiteral(" 12/31/99 "), us), QDate(1999, 12, 31));
-    EXPECT_EQ(parseShortDate(QStringLiteral("2/3/05"), us), QDate(2005, 2, 3));
-    EXPECT_EQ(parseShortDate(QStringLiteral("05.01.2024"), de), QDate(2024, 1, 5));
-    EXPECT_FALSE(parseShortDate(QStringLiteral("2/30/2024"), us).isValid());
-    EXPECT_FALSE(parseShortDate(QStringLiteral("1/5"), us).isValid());
-    EXPECT_FALSE(parseShortDate(QStringLiteral("  /  /    "), us).isValid());
-    EXPECT_FALSE(parseShortDate(QStringLiteral("tomorrow"), us).isValid());
-}
-
-TEST(ValueRules, VariantTextFollowsThePlatform)
+TEST(ValueRules, VariantTextAndLeadingNumbersFollowThePlatform)
 {
     EXPECT_EQ(variantToText(QVariant(true), us), QStringLiteral("True"));
     EXPECT_EQ(variantToText(QVariant(2.0), us), QStringLiteral("2"));
     EXPECT_EQ(variantToText(QVariant(1.5f), de), QStringLiteral("1,5"));
     EXPECT_EQ(variantToText(QVariant(), us), QString());
     EXPECT_EQ(variantToText(QVariant(QStringLiteral("x")), us), QStringLiteral("x"));
-}
-
-TEST(ValueRules, LeadingNumberReadsWhatAFieldStartsWith)
-{
     EXPECT_DOUBLE_EQ(leadingNumber(QStringLiteral(" 2.5in"), us), 2.5);
     EXPECT_DOUBLE_EQ(leadingNumber(QStringLiteral("abc"), us), 0.0);
     EXPECT_DOUBLE_EQ(leadingNumber(QStringLiteral(".5"), us), 0.5);

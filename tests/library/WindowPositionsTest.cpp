@@ -20,37 +20,28 @@ QString stored(const QString &name)
     return GetRegValue(HKEY_CURRENT_USER_HANDLE, key, name, QStringLiteral("none"));
 }
 
-// 15 twips to the pixel at the offscreen screen's 96 dpi.
-struct RestoreCase {
-    const char *record;
-    bool restoreSize;
-    QRect expected; // x, y, width, height in pixels
-};
-
-void PrintTo(const RestoreCase &c, std::ostream *os) { *os << c.record << (c.restoreSize ? " +size" : ""); }
-
-class RestoreTest : public ::testing::TestWithParam<RestoreCase> {};
-
-TEST_P(RestoreTest, AppliesTheRecordAsStored)
+// 15 twips to the pixel at the offscreen screen's 96 dpi. Records of three or five fields
+// are ignored; "10,20,abc,40" moves the form and keeps its size.
+TEST(WindowPositions, RestoreAppliesTheRecordAsStored)
 {
-    const RestoreCase &c = GetParam();
-    QWidget form;
-    form.setGeometry(50, 60, 300, 200);
-    ASSERT_EQ(form.logicalDpiX(), 96);
-    store(QStringLiteral("frmTest"), QString::fromLatin1(c.record));
-    RestoreWindowPosition(QStringLiteral("frmTest"), &form, c.restoreSize);
-    EXPECT_EQ(QRect(form.pos(), form.size()), c.expected);
+    const std::tuple<const char *, bool, QRect> cases[] = { // record, restore size, x/y/width/height
+        {"1200,2400,9000,6000", true, QRect(160, 80, 600, 400)},
+        {"0,0,100,100", false, QRect(0, 0, 300, 200)},
+        {"-300,-1500,9000,6000", false, QRect(-100, -20, 300, 200)},
+        {"10,20,abc,40", true, QRect(1, 1, 300, 200)},
+        {"abc,20,9000,6000", true, QRect(50, 60, 300, 200)},
+        {"1200,2400,9000", true, QRect(50, 60, 300, 200)},
+        {"1200,2400,9000,6000,1", true, QRect(50, 60, 300, 200)},
+        {"", true, QRect(50, 60, 300, 200)}};
+    for (const auto &[record, restoreSize, expected] : cases) {
+        QWidget form;
+        form.setGeometry(50, 60, 300, 200);
+        ASSERT_EQ(form.logicalDpiX(), 96);
+        store(QStringLiteral("frmTest"), QString::fromLatin1(record));
+        RestoreWindowPosition(QStringLiteral("frmTest"), &form, restoreSize);
+        EXPECT_EQ(QRect(form.pos(), form.size()), expected) << record;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Table, RestoreTest, ::testing::Values(
-    RestoreCase{"1200,2400,9000,6000", true, QRect(160, 80, 600, 400)},
-    RestoreCase{"0,0,100,100", false, QRect(0, 0, 300, 200)},
-    RestoreCase{"-300,-1500,9000,6000", false, QRect(-100, -20, 300, 200)},
-    RestoreCase{"10,20,abc,40", true, QRect(1, 1, 300, 200)},
-    RestoreCase{"abc,20,9000,6000", true, QRect(50, 60, 300, 200)},
-    RestoreCase{"1200,2400,9000", true, QRect(50, 60, 300, 200)},
-    RestoreCase{"1200,2400,9000,6000,1", true, QRect(50, 60, 300, 200)},
-    RestoreCase{"", true, QRect(50, 60, 300, 200)}));
 
 TEST(WindowPositions, SaveThenRestoreRoundTrips)
 {

@@ -61,18 +61,14 @@ protected:
     DefaultPrinter *printer = nullptr;
 };
 
-TEST_F(PageSetupTest, AnEmptyPageSetupReadsTheDefaults)
+TEST_F(PageSetupTest, AnEmptyPageSetupReadsTheDefaultsWhichFollowTheDefaultPrinter)
 {
     configure("");
     // Letter and Auto are the default printer's current paper and bin; the paper's width
     // and height are left to the chosen paper.
     const PageSetup defaults{"1", "1", "1", "1", "0", false, false, 1, "", "", 7, "1", 0, ".125", "0", "3.5", "1"};
     EXPECT_TRUE(read() == defaults);
-}
 
-TEST_F(PageSetupTest, DefaultsFollowTheDefaultPrinter)
-{
-    configure("");
     printer->size = 9; // A4
     printer->bin = 0;  // no bin
     PageSetup f = read();
@@ -85,52 +81,43 @@ TEST_F(PageSetupTest, DefaultsFollowTheDefaultPrinter)
     EXPECT_FALSE(f.paperSource.has_value());
 }
 
-struct SelectionCase {
-    const char *name;
-    QByteArray pageSetup;
-    PageSetupChoices choices;
-    std::optional<int> paperSize, paperSource, printDirection;
-};
-
-void PrintTo(const SelectionCase &c, std::ostream *os) { *os << c.name; }
-
-class PageSetupSelectionTest : public PageSetupTest, public ::testing::WithParamInterface<SelectionCase> {};
-
-TEST_P(PageSetupSelectionTest, SelectsTheStoredCodeElseTheFirst)
+TEST_F(PageSetupTest, SelectsTheStoredCodeElseTheFirst)
 {
-    const SelectionCase &c = GetParam();
-    configure(c.pageSetup);
-    const PageSetup f = read(c.choices);
-    EXPECT_EQ(f.paperSize, c.paperSize);
-    EXPECT_EQ(f.paperSource, c.paperSource);
-    EXPECT_EQ(f.printDirection, c.printDirection);
+    const struct {
+        const char *name;
+        QByteArray pageSetup;
+        PageSetupChoices choices;
+        std::optional<int> paperSize, paperSource, printDirection;
+    } cases[] = {
+        {"stored", "<PaperSize>5</PaperSize><PaperSource>4</PaperSource><PrintDirection>1</PrintDirection>",
+         officeLaser, 5, 4, 1},
+        {"unknown", "<PaperSize>70</PaperSize><PaperSource>99</PaperSource><PrintDirection>3</PrintDirection>",
+         officeLaser, 1, 1, 0},
+        {"notNumeric", "<PaperSize>A4</PaperSize><PaperSource>x</PaperSource>", officeLaser, 1, 7, 0},
+        {"emptyLists", "<PaperSize>5</PaperSize>", {}, std::nullopt, std::nullopt, std::nullopt},
+        {"labelPrinter", "<PaperSize>257</PaperSize><PaperSource>257</PaperSource>", {{256, 257}, {256, 257}, {0}},
+         257, 257, 0}};
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.name);
+        configure(c.pageSetup);
+        const PageSetup f = read(c.choices);
+        EXPECT_EQ(f.paperSize, c.paperSize);
+        EXPECT_EQ(f.paperSource, c.paperSource);
+        EXPECT_EQ(f.printDirection, c.printDirection);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Table, PageSetupSelectionTest, ::testing::Values(
-    SelectionCase{"stored", "<PaperSize>5</PaperSize><PaperSource>4</PaperSource><PrintDirection>1</PrintDirection>",
-                  officeLaser, 5, 4, 1},
-    SelectionCase{"unknown", "<PaperSize>70</PaperSize><PaperSource>99</PaperSource><PrintDirection>3</PrintDirection>",
-                  officeLaser, 1, 1, 0},
-    SelectionCase{"notNumeric", "<PaperSize>A4</PaperSize><PaperSource>x</PaperSource>", officeLaser, 1, 7, 0},
-    SelectionCase{"emptyLists", "<PaperSize>5</PaperSize>", {}, std::nullopt, std::nullopt, std::nullopt},
-    SelectionCase{"labelPrinter", "<PaperSize>257</PaperSize><PaperSource>257</PaperSource>",
-                  {{256, 257}, {256, 257}, {0}}, 257, 257, 0}),
-    [](const auto &info) { return std::string(info.param.name); });
 
 TEST_F(PageSetupTest, PaperWidthAndHeightAreReadOnlyForCustomSizes)
 {
     PageSetup chosen;
     chosen.paperWidth = QStringLiteral("8.5"); // what choosing Letter put there
     chosen.paperHeight = QStringLiteral("11");
-    configure("<PaperSize>1</PaperSize><PaperWidth>4</PaperWidth><PaperHeight>6</PaperHeight>");
-    PageSetup f = read(officeLaser, chosen);
-    EXPECT_EQ(f.paperWidth, "8.5");
-    EXPECT_EQ(f.paperHeight, "11");
-
-    configure("<PaperSize>256</PaperSize><PaperWidth>4.25</PaperWidth><PaperHeight>6</PaperHeight>");
-    f = read(officeLaser, chosen);
-    EXPECT_EQ(f.paperWidth, "4.25");
-    EXPECT_EQ(f.paperHeight, "6");
+    for (const auto &[size, width, height] : {std::tuple{"1", "8.5", "11"}, std::tuple{"256", "4.25", "6"}}) {
+        configure(QByteArray("<PaperSize>") + size + "</PaperSize><PaperWidth>4.25</PaperWidth><PaperHeight>6</PaperHeight>");
+        const PageSetup f = read(officeLaser, chosen);
+        EXPECT_EQ(f.paperWidth, width) << size;
+        EXPECT_EQ(f.paperHeight, height) << size;
+    }
 }
 
 TEST_F(PageSetupTest, TextsAreShownAsStoredAndWrittenAsSingles)

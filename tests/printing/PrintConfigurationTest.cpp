@@ -114,27 +114,19 @@ INSTANTIATE_TEST_SUITE_P(Table, PrintConfigurationTest, ::testing::Values(
                       {432, 288}, "w288h432", "Roll2"}),
     [](const auto &info) { return QString::fromUtf8(info.param.name).remove(u' ').toStdString(); });
 
-class ReferenceReportTest : public ::testing::Test
+TEST(ReferenceReportTest, UnknownPrinterPrintsNothingAndNoDeviceNamePrintsToTheDefaultWithItsBin)
 {
-protected:
-    void SetUp() override { SKIP_WITHOUT_CUPSD(); }
-    ReferenceReport report;
-};
+    SKIP_WITHOUT_CUPSD();
+    ReferenceReport unknown, report;
+    unknown.printer()->setDeviceName(QStringLiteral("No-Such-Printer"));
+    EXPECT_FALSE(unknown.print(twoPages));
+    EXPECT_EQ(unknown.lastJobId(), 0);
 
-TEST_F(ReferenceReportTest, UnknownPrinterPrintsNothing)
-{
-    report.printer()->setDeviceName(QStringLiteral("No-Such-Printer"));
-    EXPECT_FALSE(report.print(twoPages));
-    EXPECT_EQ(report.lastJobId(), 0);
-}
-
-TEST_F(ReferenceReportTest, NoDeviceNamePrintsToTheDefaultPrinterAndALackingBinFromItsDefault)
-{
     report.pageSettings()->setPaperSource(4);
     QHash<QString, QString> job = printedJob(report);
     EXPECT_EQ(job.value(QStringLiteral("printer-uri")), QStringLiteral("ipp://localhost/printers/Office-Laser"));
     EXPECT_EQ(job.value(QStringLiteral("InputSlot")), QStringLiteral("Manual"));
-
+    // A bin the printer lacks prints from its default.
     report.pageSettings()->setPaperSource(15);
     report.pageSettings()->setLeftMargin(0);
     EXPECT_EQ(printedJob(report).value(QStringLiteral("InputSlot")), QStringLiteral("Lower"));
@@ -171,21 +163,16 @@ TEST(ReferenceReportPdfTest, ContentAreaSitsInsideMarginsAndGutterOnMirroredPage
         return page.number < 2;
     }));
 
-    const QImage odd = renderPage(report.outputFileName(), 1);
+    const QImage odd = renderPage(report.outputFileName(), 1), even = renderPage(report.outputFileName(), 2);
     ASSERT_EQ(odd.size(), QSize(612, 792));
-    // Odd page: left margin and gutter (108 pt), right margin 36 pt, top 144 pt.
-    EXPECT_FALSE(dark(odd, 105, 400));
-    EXPECT_TRUE(dark(odd, 111, 400));
-    EXPECT_TRUE(dark(odd, 573, 400));
-    EXPECT_FALSE(dark(odd, 579, 400));
-    EXPECT_FALSE(dark(odd, 300, 141));
-    EXPECT_TRUE(dark(odd, 300, 147));
-    // Even page: the sides swap, the gutter moves to the right.
-    const QImage even = renderPage(report.outputFileName(), 2);
-    EXPECT_FALSE(dark(even, 33, 400));
-    EXPECT_TRUE(dark(even, 39, 400));
-    EXPECT_TRUE(dark(even, 501, 400));
-    EXPECT_FALSE(dark(even, 507, 400));
+    // Odd pages: left margin and gutter (108 pt), right margin 36 pt, top 144 pt. Even pages:
+    // the sides swap, the gutter moves to the right.
+    const std::tuple<const QImage &, int, int, bool> points[] = {
+        {odd, 105, 400, false}, {odd, 111, 400, true},  {odd, 573, 400, true},  {odd, 579, 400, false},
+        {odd, 300, 141, false}, {odd, 300, 147, true},  {even, 33, 400, false}, {even, 39, 400, true},
+        {even, 501, 400, true}, {even, 507, 400, false}};
+    for (const auto &[page, x, y, inked] : points)
+        EXPECT_EQ(dark(page, x, y), inked) << (&page == &odd ? "odd " : "even ") << x << ',' << y;
 }
 
 } // namespace

@@ -22,18 +22,11 @@ const QString unassigned = QStringLiteral(
 class PrinterConfigurationsTest : public StoreFixture
 {
 protected:
-    QString assign(const QString &configuration, const QString &printer)
+    void assign(const QString &configuration, const QString &printer)
     {
         store->SetPrinterForConfiguration(configuration, printer);
-        return configuration;
     }
 };
-
-TEST_F(PrinterConfigurationsTest, WithNoFilesTheListHoldsOneEmptyEntryAndVerifies)
-{
-    EXPECT_EQ(store->GetPrinterConfigurations(), QStringList{QString()});
-    EXPECT_TRUE(store->VerifyPrinterConfigurations()); // and no message
-}
 
 TEST_F(PrinterConfigurationsTest, ListsSystemThenUserConfigurationsOnceAndFindsTheUsersFirst)
 {
@@ -47,28 +40,21 @@ TEST_F(PrinterConfigurationsTest, ListsSystemThenUserConfigurationsOnceAndFindsT
     // Repeats are found by exact comparison: a name differing in case is listed again.
     host.writeUserFile(QStringLiteral("CHECKS.pcx"), configurationXml(""));
 
-    EXPECT_EQ(store->GetPrinterConfigurations(), (QStringList{"", "Checks", "Legal", "Letter", "Avery 5160", "CHECKS"}));
+    // Read by name, as a client would.
+    EXPECT_EQ(late::value(store, "GetPrinterConfigurations").toStringList(),
+              (QStringList{"", "Checks", "Legal", "Letter", "Avery 5160", "CHECKS"}));
     const QStringList paths = store->GetPrinterConfigurations(false);
     ASSERT_EQ(paths.size(), 7); // full paths differ between the folders
     EXPECT_EQ(paths[3], QDir(host.systemFolder()).filePath("Letter.pcx"));
     EXPECT_EQ(paths[6], userLetter);
 
     // Lookup ignores case and prefers the user folder.
-    EXPECT_EQ(store->GetPrinterConfigurationFileFromName(QStringLiteral("letter")), userLetter);
+    EXPECT_EQ(late::text(store, "GetPrinterConfigurationFileFromName", {"letter"}), userLetter);
     EXPECT_EQ(QFileInfo(store->GetPrinterConfigurationFileFromName(QStringLiteral("checks"))).fileName(), "CHECKS.pcx");
     EXPECT_EQ(store->GetPrinterConfigurationFileFromName(QStringLiteral("LEGAL")),
               QDir(host.systemFolder()).filePath("Legal.pcx"));
     EXPECT_EQ(store->GetPrinterConfigurationFileFromName(QStringLiteral("Leg")), "");
     EXPECT_EQ(store->GetPrinterConfigurationFileFromName(QString()), "");
-}
-
-TEST_F(PrinterConfigurationsTest, AMissingFolderIsSkipped)
-{
-    host.writeSystemFile(QStringLiteral("Letter.pcx"), configurationXml(""));
-    host.testOptions().userFolder = QDir(host.root()).filePath("absent");
-    EXPECT_EQ(store->GetPrinterConfigurations(), (QStringList{"", "Letter"}));
-    host.testOptions().systemFolder.clear();
-    EXPECT_EQ(store->GetPrinterConfigurationFileFromName(QStringLiteral("Letter")), "");
 }
 
 TEST_F(PrinterConfigurationsTest, SystemFlagComesFromIdentification)
@@ -88,24 +74,11 @@ TEST_F(PrinterConfigurationsTest, SystemFlagComesFromIdentification)
     EXPECT_TRUE(store->PrinterConfigurationIsSystem(elsewhere));
 }
 
-TEST_F(PrinterConfigurationsTest, PrintersFallBackToTheDefaultUnlessSkipped)
+TEST_F(PrinterConfigurationsTest, PrintersAndTheConfigurationToUseFallBackToTheDefault)
 {
     assign("Invoice", "Office Laser");
     EXPECT_EQ(store->GetPrinterForConfiguration("Invoice"), "Office Laser");
     EXPECT_EQ(store->GetPrinterForConfiguration("Labels"), "");
-
-    assign("(Default)", "Front Desk");
-    EXPECT_EQ(store->GetPrinterForConfiguration("Labels"), "Front Desk");
-    EXPECT_EQ(store->GetPrinterForConfiguration("Labels", true), "");
-
-    // An empty printer is stored as empty, which falls back like a missing one.
-    assign("Invoice", "");
-    EXPECT_EQ(store->GetPrinterForConfiguration("Invoice"), "Front Desk");
-}
-
-TEST_F(PrinterConfigurationsTest, ConfigurationToUseNamesTheRegistryValue)
-{
-    assign("Invoice", "Office Laser");
     EXPECT_EQ(store->GetPrinterConfigurationToUse("Invoice"), "Invoice");
     {
         MessageRecorder messages;
@@ -117,8 +90,13 @@ TEST_F(PrinterConfigurationsTest, ConfigurationToUseNamesTheRegistryValue)
     EXPECT_EQ(store->GetPrinterConfigurationToUse("Labels", false), ""); // silently
 
     assign("(Default)", "Front Desk");
+    EXPECT_EQ(store->GetPrinterForConfiguration("Labels"), "Front Desk");
+    EXPECT_EQ(store->GetPrinterForConfiguration("Labels", true), "");
     EXPECT_EQ(store->GetPrinterConfigurationToUse("Labels"), "(Default)");
     EXPECT_EQ(store->GetPrinterConfigurationToUse(""), "(Default)");
+    // An empty printer is stored as empty, which falls back like a missing one.
+    assign("Invoice", "");
+    EXPECT_EQ(store->GetPrinterForConfiguration("Invoice"), "Front Desk");
 }
 
 TEST_F(PrinterConfigurationsTest, VerificationNeedsAPrinterOfEachConfigurationsOwn)
@@ -172,8 +150,17 @@ TEST_F(PrinterConfigurationsTest, VerificationOffersToFixAndStillFails)
     owner.PreTerminate();
 }
 
-TEST_F(PrinterConfigurationsTest, WithoutAHostEverythingIsEmpty)
+// No files, a missing folder, and no host at all.
+TEST_F(PrinterConfigurationsTest, MissingFilesFoldersOrHostGiveEmptyAnswersAndVerify)
 {
+    EXPECT_EQ(store->GetPrinterConfigurations(), QStringList{QString()});
+    EXPECT_TRUE(store->VerifyPrinterConfigurations()); // and no message
+    host.writeSystemFile(QStringLiteral("Letter.pcx"), configurationXml(""));
+    host.testOptions().userFolder = QDir(host.root()).filePath("absent");
+    EXPECT_EQ(store->GetPrinterConfigurations(), (QStringList{"", "Letter"})) << "the missing folder is skipped";
+    host.testOptions().systemFolder.clear();
+    EXPECT_EQ(store->GetPrinterConfigurationFileFromName(QStringLiteral("Letter")), "");
+
     host.writeUserFile(QStringLiteral("Labels.pcx"), configurationXml("", 1));
     assign("Labels", "Label Printer");
     library.Initialize(nullptr);
@@ -182,13 +169,6 @@ TEST_F(PrinterConfigurationsTest, WithoutAHostEverythingIsEmpty)
     EXPECT_EQ(store->GetPrinterForConfiguration("Labels"), "");
     EXPECT_FALSE(store->PrinterConfigurationIsSystem("Labels"));
     EXPECT_TRUE(store->VerifyPrinterConfigurations());
-}
-
-TEST_F(PrinterConfigurationsTest, MembersArePublishedByName)
-{
-    host.writeUserFile(QStringLiteral("Letter.pcx"), configurationXml(""));
-    EXPECT_EQ(QFileInfo(late::text(store, "GetPrinterConfigurationFileFromName", {"LETTER"})).fileName(), "Letter.pcx");
-    EXPECT_EQ(late::value(store, "GetPrinterConfigurations").toStringList(), (QStringList{"", "Letter"}));
 }
 
 } // namespace

@@ -18,43 +18,34 @@ bool CupsReachable()
     return true;
 }
 
-namespace {
-
-QHash<QString, QString> jobAttributes(int jobId)
-{
-    QHash<QString, QString> attributes;
-    ipp_t *request = ippNewRequest(IPP_OP_GET_JOB_ATTRIBUTES);
-    const QByteArray uri = "ipp://localhost/jobs/" + QByteArray::number(jobId);
-    ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_URI, "job-uri", nullptr, uri.constData());
-    // The owner sees the job's private values (its name) too.
-    ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_NAME, "requesting-user-name", nullptr, cupsUser());
-    ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_KEYWORD, "requested-attributes", nullptr, "all");
-    ipp_t *response = cupsDoRequest(CUPS_HTTP_DEFAULT, request, "/");
-    for (ipp_attribute_t *a = ippFirstAttribute(response); a; a = ippNextAttribute(response)) {
-        if (!ippGetName(a))
-            continue;
-        char value[1024];
-        const ipp_tag_t tag = ippGetValueTag(a);
-        if (tag == IPP_TAG_ENUM || tag == IPP_TAG_INTEGER)
-            qsnprintf(value, sizeof value, "%d", ippGetInteger(a, 0));
-        else
-            ippAttributeString(a, value, sizeof value);
-        attributes.insert(QString::fromUtf8(ippGetName(a)), QString::fromUtf8(value));
-    }
-    ippDelete(response);
-    return attributes;
-}
-
-} // namespace
-
 QHash<QString, QString> FinishedJobAttributes(int jobId)
 {
     QHash<QString, QString> attributes;
+    const QByteArray uri = "ipp://localhost/jobs/" + QByteArray::number(jobId);
     for (int tries = 0; tries < 100; ++tries) {
-        attributes = jobAttributes(jobId);
+        if (tries > 0)
+            QThread::msleep(100);
+        attributes.clear();
+        ipp_t *request = ippNewRequest(IPP_OP_GET_JOB_ATTRIBUTES);
+        ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_URI, "job-uri", nullptr, uri.constData());
+        // The owner sees the job's private values (its name) too.
+        ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_NAME, "requesting-user-name", nullptr, cupsUser());
+        ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_KEYWORD, "requested-attributes", nullptr, "all");
+        ipp_t *response = cupsDoRequest(CUPS_HTTP_DEFAULT, request, "/");
+        for (ipp_attribute_t *a = ippFirstAttribute(response); a; a = ippNextAttribute(response)) {
+            if (!ippGetName(a))
+                continue;
+            char value[1024];
+            const ipp_tag_t tag = ippGetValueTag(a);
+            if (tag == IPP_TAG_ENUM || tag == IPP_TAG_INTEGER)
+                qsnprintf(value, sizeof value, "%d", ippGetInteger(a, 0));
+            else
+                ippAttributeString(a, value, sizeof value);
+            attributes.insert(QString::fromUtf8(ippGetName(a)), QString::fromUtf8(value));
+        }
+        ippDelete(response);
         if (attributes.value(QStringLiteral("job-state")).toInt() >= IPP_JSTATE_CANCELED)
             break;
-        QThread::msleep(100);
     }
     return attributes;
 }

@@ -4,6 +4,7 @@
 
 #include "forms/ModalForm.h"
 
+#include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
@@ -125,6 +126,13 @@ bool PickChoice(const QString &choice)
     QTest::keyClick(list, Qt::Key_Return);
     Settle();
     return true;
+}
+
+QList<std::pair<const char *, std::function<void(QWidget *)>>> WaysToCancel(const QString &escapeIn)
+{
+    return {{"Cancel", [](QWidget *d) { d->findChild<QAbstractButton *>(QStringLiteral("cmdCancel"))->click(); }},
+            {"CloseBox", [](QWidget *d) { d->close(); }},
+            {"Escape", [escapeIn](QWidget *d) { QTest::keyClick(d->findChild<QWidget *>(escapeIn), Qt::Key_Escape); }}};
 }
 
 QString SaveScreenshot(QWidget *widget, const QString &name)

@@ -10,6 +10,7 @@
 #include <QString>
 #include <QStringList>
 #include <functional>
+#include <utility>
 
 class QAbstractItemView;
 class QWidget;
@@ -36,6 +37,10 @@ void TypeIntoCell(QAbstractItemView *grid, int row, int column, const QString &t
 QStringList OpenChoices(QAbstractItemView *grid, int row, int column);
 // In the open drop-down list, moves to the entry `choice` and presses Enter. False when there is no such entry.
 bool PickChoice(const QString &choice);
+
+// The ways of leaving a dialog without OK, each named: its "cmdCancel" button, the close
+// box, and Esc pressed in its child named `escapeIn`.
+QList<std::pair<const char *, std::function<void(QWidget *)>>> WaysToCancel(const QString &escapeIn);
 
 // Saves a picture of `widget` as <name>.png in the test output folder (support/TestOutput.h);
 // returns the file's path.
