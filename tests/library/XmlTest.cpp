@@ -3,10 +3,15 @@
 #include "support/TestHost.h"
 
 #include <QDir>
+#include <QFile>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <csignal>
+#include <optional>
+#include <string_view>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 using namespace bravcpl5;
 
@@ -110,18 +115,48 @@ TEST(Xml, FilesThatAreNotDocumentsLoadAsNothing)
     EXPECT_FALSE(LoadXmlText(QString()));
 }
 
-// A failed save must leave the previous file whole: the folder gone (nothing can be
-// opened) or the disk full part way through.
+// Saves as a user whom folder permissions bind. Root is not stopped by them, so under root
+// the save runs in a child process that first gives up root; nullopt when it cannot.
+std::optional<bool> saveUnprivileged(const pugi::xml_document &doc, const QString &path)
+{
+    if (geteuid() != 0)
+        return SaveXmlDocument(doc, path);
+    const pid_t child = fork();
+    if (child == 0) {
+        if (setgid(65534) != 0 || setuid(65534) != 0)
+            _exit(2);
+        _exit(SaveXmlDocument(doc, path) ? 0 : 1);
+    }
+    int status = 0;
+    if (child < 0 || waitpid(child, &status, 0) != child || !WIFEXITED(status) || WEXITSTATUS(status) == 2)
+        return std::nullopt;
+    return WEXITSTATUS(status) == 0;
+}
+
+// A failed save must leave the previous file whole: a read-only folder, the folder gone
+// (nothing can be opened) or the disk full part way through.
 TEST(Xml, AFailedSaveLeavesThePreviousFile)
 {
-    for (const bool diskFull : {false, true}) {
-        SCOPED_TRACE(diskFull ? "disk full" : "missing folder");
+    for (const char *how : {"read-only folder", "missing folder", "disk full"}) {
+        SCOPED_TRACE(how);
         QTemporaryDir dir;
         const QString folder = dir.filePath(QStringLiteral("settings"));
         const QString path = test::writeFile(QDir(folder).filePath(QStringLiteral("a.xml")), "<old/>");
         auto doc = CreateXmlDocument(QStringLiteral("New"));
         SetXmlValue(QStringLiteral("Big"), QString(200000, QLatin1Char('x')), doc->document_element());
-        if (diskFull) {
+        if (how == std::string_view("read-only folder")) {
+            const auto readAndEnter = QFile::ReadOwner | QFile::ExeOwner | QFile::ReadGroup
+                                      | QFile::ExeGroup | QFile::ReadOther | QFile::ExeOther;
+            QFile::setPermissions(dir.path(), readAndEnter | QFile::WriteOwner);
+            QFile::setPermissions(folder, readAndEnter);
+            const std::optional<bool> saved = saveUnprivileged(*doc, path);
+            QFile::setPermissions(folder, readAndEnter | QFile::WriteOwner);
+            if (!saved) {
+                ADD_FAILURE() << "could not save as an unprivileged user";
+                continue;
+            }
+            EXPECT_FALSE(*saved);
+        } else if (how == std::string_view("disk full")) {
             // A file size limit makes the write fail part way, as a full disk would.
             std::signal(SIGXFSZ, SIG_IGN);
             rlimit old{};
