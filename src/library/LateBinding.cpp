@@ -55,12 +55,19 @@ bool invokeMethod(QObject *object, const QMetaMethod &method, const QVariantList
     std::array<QVariant, maxArguments> converted;
     std::array<QGenericArgument, maxArguments> generic{};
     for (int i = 0; i < args.size(); ++i) {
-        if (!convertArgument(args[i], method.parameterMetaType(i), converted[i]))
-            return false;
-        generic[i] = QGenericArgument(method.parameterMetaType(i).name(),
-                                      method.parameterMetaType(i).id() == QMetaType::QVariant
-                                          ? static_cast<const void *>(&converted[i])
-                                          : converted[i].constData());
+        const QMetaType type = method.parameterMetaType(i);
+        // Arguments of the right type go in as they are: hosts are called per database row.
+        const void *data = nullptr;
+        if (type.id() == QMetaType::QVariant) {
+            data = &args[i];
+        } else if (args[i].metaType() == type) {
+            data = args[i].constData();
+        } else {
+            if (!convertArgument(args[i], type, converted[i]))
+                return false;
+            data = converted[i].constData();
+        }
+        generic[i] = QGenericArgument(type.name(), data);
     }
 
     const QMetaType returnType = method.returnMetaType();
