@@ -72,12 +72,15 @@ CellEditor *SetupReportGrid(QTreeWidget *grid, int editColumn, CellEditor::Choic
     return editor;
 }
 
-void FitFirstColumn(QTreeWidget *grid)
+void ShowGridRows(QTreeWidget *grid, const QList<QTreeWidgetItem *> &rows, int editColumn)
 {
+    grid->addTopLevelItems(rows);
     const int available = grid->viewport()->width();
     grid->resizeColumnToContents(0);
     const int wanted = grid->columnWidth(0) + grid->fontMetrics().averageCharWidth() * 2;
     grid->setColumnWidth(0, qBound(available / 3, wanted, available * 2 / 3));
+    if (!rows.isEmpty())
+        grid->setCurrentItem(rows.first(), editColumn);
 }
 
 } // namespace bravcpl5

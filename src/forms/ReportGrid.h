@@ -7,7 +7,10 @@
 
 #include "forms/CellEditor.h"
 
+#include <QList>
+
 class QTreeWidget;
+class QTreeWidgetItem;
 
 namespace bravcpl5 {
 
@@ -15,8 +18,9 @@ namespace bravcpl5 {
 // be ItemIsEditable; only the edit column ever gets an editor.
 CellEditor *SetupReportGrid(QTreeWidget *grid, int editColumn, CellEditor::Choices choices = {});
 
-// Widens the first column to its captions (within a third and two thirds of the list),
-// leaving the rest to the last column.
-void FitFirstColumn(QTreeWidget *grid);
+// Shows `rows` in the grid, widens the first column to its captions (within a third and
+// two thirds of the list, the rest going to the last column) and puts the current cell on
+// the first row's `editColumn`, ready for the keyboard.
+void ShowGridRows(QTreeWidget *grid, const QList<QTreeWidgetItem *> &rows, int editColumn);
 
 } // namespace bravcpl5

@@ -35,10 +35,7 @@ void frmGeneralReportFields::LoadItemList()
         row->setFlags(row->flags() | Qt::ItemIsEditable);
         rows.append(row);
     }
-    ui->rptItems->addTopLevelItems(rows);
-    FitFirstColumn(ui->rptItems);
-    if (!rows.isEmpty())
-        ui->rptItems->setCurrentItem(rows.first(), SizeColumn);
+    ShowGridRows(ui->rptItems, rows, SizeColumn);
 }
 
 QList<OutputField> frmGeneralReportFields::items() const

@@ -56,10 +56,7 @@ void frmGeneralReportFilters::LoadItemList()
         item->setFlags(item->flags() | Qt::ItemIsEditable);
         items.append(item);
     }
-    ui->rptItems->addTopLevelItems(items);
-    FitFirstColumn(ui->rptItems);
-    if (!items.isEmpty())
-        ui->rptItems->setCurrentItem(items.first(), ValueColumn);
+    ShowGridRows(ui->rptItems, items, ValueColumn);
 }
 
 std::optional<QStringList> frmGeneralReportFilters::choicesFor(int row) const
