@@ -2,7 +2,7 @@
 // side with evaluating the XPath on every call, over the default fonts of both families.
 
 #include "layout/FontTypes.h"
-#include "layout/ReportField.h"
+#include "report/ReportField.h"
 #include "layout/ReportLayout.h"
 #include "library/LateBinding.h"
 #include "library/Library.h"

@@ -5,7 +5,7 @@
 
 #include "library/LateBinding.h"
 #include "printing/PrinterInfo.h"
-#include "printing/ReferenceReport.h"
+#include "report/ReferenceReport.h"
 
 #include <QAction>
 #include <QDir>

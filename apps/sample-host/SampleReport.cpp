@@ -3,13 +3,13 @@
 #include "SampleProducts.h"
 
 #include "layout/GeneralReportLayout.h"
-#include "layout/ReportField.h"
-#include "layout/ReportLabel.h"
+#include "report/ReportField.h"
+#include "report/ReportLabel.h"
 #include "library/LateBinding.h"
 #include "library/Units.h"
 #include "library/ValueRules.h"
 #include "library/Xml.h"
-#include "printing/ReferenceReport.h"
+#include "report/ReferenceReport.h"
 
 #include <QDateTime>
 #include <QLocale>

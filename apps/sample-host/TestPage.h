@@ -1,6 +1,6 @@
 #pragma once
 
-#include "printing/ReferenceReport.h"
+#include "report/ReferenceReport.h"
 
 #include <QString>
 

@@ -51,27 +51,31 @@ public:
 
 } // namespace
 
-CellEditor::CellEditor(int column, Choices choices, QObject *parent)
-    : QStyledItemDelegate(parent), m_column(column), m_choices(std::move(choices)),
-      m_listStyle(new DropDownListStyle)
+CellEditor::CellEditor(CellRule rule, QObject *parent)
+    : QStyledItemDelegate(parent), m_rule(std::move(rule)), m_listStyle(new DropDownListStyle)
 {
     m_listStyle->setParent(this);
+}
+
+bool CellEditor::isEditable(const QModelIndex &index) const
+{
+    return index.isValid() && m_rule && m_rule(index).kind != GridCell::ReadOnly;
 }
 
 QWidget *CellEditor::createEditor(QWidget *parent, const QStyleOptionViewItem &option,
                                   const QModelIndex &index) const
 {
-    if (index.column() != m_column)
+    GridCell cell = m_rule ? m_rule(index) : GridCell::readOnly();
+    if (cell.kind == GridCell::ReadOnly)
         return nullptr;
-    std::optional<QStringList> choices = m_choices ? m_choices(index) : std::nullopt;
-    if (!choices)
+    if (cell.kind == GridCell::Text)
         return QStyledItemDelegate::createEditor(parent, option, index);
 
     auto *box = new ChoiceBox(parent);
     box->setStyle(m_listStyle);
     box->setAccessibleName(index.model()->headerData(index.column(), Qt::Horizontal).toString());
     // A plain list model and uniform rows keep long lists (every vendor) quick to open.
-    box->setModel(new QStringListModel(std::move(*choices), box));
+    box->setModel(new QStringListModel(cell.choices ? cell.choices() : QStringList(), box));
     if (auto *list = qobject_cast<QListView *>(box->view()))
         list->setUniformItemSizes(true);
     box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
@@ -121,7 +125,12 @@ void CellEditor::setModelData(QWidget *editor, QAbstractItemModel *, const QMode
 QSize CellEditor::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const
 {
     QSize size = QStyledItemDelegate::sizeHint(option, index);
-    size.setHeight(qMax(size.height(), option.fontMetrics.height() * 3 / 2 + 4));
+    if (index.data(Qt::SizeHintRole).isValid())
+        return size;
+    // A cell in a font of its own is measured in that font.
+    const QVariant font = index.data(Qt::FontRole);
+    const QFontMetrics metrics = font.isValid() ? QFontMetrics(font.value<QFont>()) : option.fontMetrics;
+    size.setHeight(qMax(size.height(), metrics.height() * 3 / 2 + 4));
     return size;
 }
 

@@ -1,6 +1,5 @@
 #include "forms/ModalForm.h"
 
-#include "library/Library.h"
 #include "library/WindowPositions.h"
 
 #include <QKeyEvent>
@@ -14,11 +13,11 @@ ModalForm::ModalForm(QWidget *parent, bool cancelledAtStart, Placement placement
     setSizeGripEnabled(true);
 }
 
-Library *ModalForm::owner() const { return m_owner.data(); }
+HostLink *ModalForm::owner() const { return m_owner.data(); }
 
 QObject *ModalForm::host() const { return m_owner ? m_owner->sharedCodeLibrary() : nullptr; }
 
-void ModalForm::setOwner(Library *owner) { m_owner = owner; }
+void ModalForm::setOwner(HostLink *owner) { m_owner = owner; }
 
 void ModalForm::showEvent(QShowEvent *event)
 {

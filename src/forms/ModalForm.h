@@ -10,14 +10,14 @@
 //   slow loading never delays its appearance.
 // Dialogs are opened through ShowModalForm, which creates a fresh form per call.
 
+#include "library/HostLink.h"
+
 #include <QApplication>
 #include <QDialog>
 #include <QPointer>
 #include <utility>
 
 namespace bravcpl5 {
-
-class Library;
 
 class ModalForm : public QDialog
 {
@@ -26,10 +26,10 @@ class ModalForm : public QDialog
 
 public:
     bool isCancelled() const { return m_cancelled; }
-    // The Library that opened the dialog, and its host (null when either is missing).
-    Library *owner() const;
+    // The owner (the Library) that opened the dialog, and its host (null when either is missing).
+    HostLink *owner() const;
     QObject *host() const;
-    void setOwner(Library *owner);
+    void setOwner(HostLink *owner);
     // True once firstActivation() has run.
     bool isActivated() const { return m_activated; }
 
@@ -49,7 +49,7 @@ private:
     bool m_activated = false;
     bool m_shown = false;
     Placement m_placement;
-    QPointer<Library> m_owner;
+    QPointer<HostLink> m_owner;
 };
 
 // Creates a fresh `Form` over the active dialog or window, lets `setUp` hand it its inputs

@@ -7,7 +7,7 @@ ReportConfigurationForm::ReportConfigurationForm(QWidget *parent)
 {
 }
 
-void ReportConfigurationForm::SetConfiguration(const QString &ConfigurationFile, Library *owner)
+void ReportConfigurationForm::SetConfiguration(const QString &ConfigurationFile, HostLink *owner)
 {
     m_file = ConfigurationFile;
     setOwner(owner);

@@ -15,7 +15,7 @@ class ReportConfigurationForm : public ModalForm
 
 public:
     // Keeps the file and owner, and loads the file when it can.
-    void SetConfiguration(const QString &ConfigurationFile, Library *owner);
+    void SetConfiguration(const QString &ConfigurationFile, HostLink *owner);
 
 protected:
     explicit ReportConfigurationForm(QWidget *parent);

@@ -9,12 +9,15 @@ namespace bravcpl5 {
 
 namespace {
 
-// Sends the edit keys to the edit column whichever cell is current, so Enter edits a row
-// rather than confirming the dialog.
+// Sends the edit keys to the current row's cell, so Enter edits or activates a row rather
+// than confirming the dialog.
 class EditKeys : public QObject
 {
 public:
-    EditKeys(QTreeWidget *grid, int editColumn) : QObject(grid), m_grid(grid), m_column(editColumn) {}
+    EditKeys(QTreeWidget *grid, CellEditor *editor, int keyColumn)
+        : QObject(grid), m_grid(grid), m_editor(editor), m_keyColumn(keyColumn)
+    {
+    }
 
     bool eventFilter(QObject *watched, QEvent *event) override
     {
@@ -31,25 +34,36 @@ public:
         return true;
     }
 
+    // The cell to edit in the row of `index`: that cell when it is editable, else the
+    // key column's.
+    QModelIndex cellFor(const QModelIndex &index) const
+    {
+        return m_editor->isEditable(index) ? index : index.siblingAtColumn(m_keyColumn);
+    }
+
     void editRow(const QModelIndex &index)
     {
-        const QModelIndex cell = index.siblingAtColumn(m_column);
+        const QModelIndex cell = cellFor(index);
         m_grid->setCurrentIndex(cell);
-        m_grid->edit(cell);
+        if (m_editor->isEditable(cell))
+            m_grid->edit(cell);
+        else
+            emit m_editor->activated(cell);
     }
 
 private:
     QTreeWidget *m_grid;
-    int m_column;
+    CellEditor *m_editor;
+    int m_keyColumn;
 };
 
 } // namespace
 
-CellEditor *SetupReportGrid(QTreeWidget *grid, int editColumn, CellEditor::Choices choices)
+CellEditor *SetupReportGrid(QTreeWidget *grid, GridSetup setup)
 {
     grid->setRootIsDecorated(false);
     grid->setItemsExpandable(false);
-    grid->setUniformRowHeights(true);
+    grid->setUniformRowHeights(setup.uniformRowHeights);
     grid->setAlternatingRowColors(true);
     grid->setAllColumnsShowFocus(true);
     grid->setSelectionMode(QAbstractItemView::SingleSelection);
@@ -58,21 +72,30 @@ CellEditor *SetupReportGrid(QTreeWidget *grid, int editColumn, CellEditor::Choic
                           | QAbstractItemView::AnyKeyPressed);
     grid->header()->setSectionsMovable(false);
     grid->header()->setStretchLastSection(true);
-    auto *keys = new EditKeys(grid, editColumn);
+    auto *editor = new CellEditor(std::move(setup.cells), grid);
+    grid->setItemDelegate(editor);
+    auto *keys = new EditKeys(grid, editor, setup.keyColumn);
     grid->installEventFilter(keys);
     QObject::connect(grid, &QAbstractItemView::doubleClicked, keys, &EditKeys::editRow);
-    // The focus cell stays in the edit column, so typing and F2 edit the value.
+    // The current cell stays where typing and F2 can edit it.
     QObject::connect(grid->selectionModel(), &QItemSelectionModel::currentChanged, grid,
-                     [grid, editColumn](const QModelIndex &current) {
-                         if (current.isValid() && current.column() != editColumn)
-                             grid->setCurrentIndex(current.siblingAtColumn(editColumn));
+                     [grid, keys](const QModelIndex &current) {
+                         if (!current.isValid())
+                             return;
+                         if (const QModelIndex cell = keys->cellFor(current); cell != current)
+                             grid->setCurrentIndex(cell);
                      });
-    auto *editor = new CellEditor(editColumn, std::move(choices), grid);
-    grid->setItemDelegate(editor);
     return editor;
 }
 
-void ShowGridRows(QTreeWidget *grid, const QList<QTreeWidgetItem *> &rows, int editColumn)
+CellEditor::CellRule EditColumnAsText(int column)
+{
+    return [column](const QModelIndex &index) {
+        return index.column() == column ? GridCell::text() : GridCell::readOnly();
+    };
+}
+
+void ShowGridRows(QTreeWidget *grid, const QList<QTreeWidgetItem *> &rows, int column)
 {
     grid->addTopLevelItems(rows);
     const int available = grid->viewport()->width();
@@ -80,7 +103,7 @@ void ShowGridRows(QTreeWidget *grid, const QList<QTreeWidgetItem *> &rows, int e
     const int wanted = grid->columnWidth(0) + grid->fontMetrics().averageCharWidth() * 2;
     grid->setColumnWidth(0, qBound(available / 3, wanted, available * 2 / 3));
     if (!rows.isEmpty())
-        grid->setCurrentItem(rows.first(), editColumn);
+        grid->setCurrentItem(rows.first(), column);
 }
 
 } // namespace bravcpl5

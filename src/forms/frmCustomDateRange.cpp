@@ -39,7 +39,7 @@ frmCustomDateRange::frmCustomDateRange(QWidget *parent)
 
 frmCustomDateRange::~frmCustomDateRange() = default;
 
-void frmCustomDateRange::Initialize(const QDate &StartDate, const QDate &EndDate, Library *owner)
+void frmCustomDateRange::Initialize(const QDate &StartDate, const QDate &EndDate, HostLink *owner)
 {
     setOwner(owner);
     ui->txtStartDate->setText(datetext::toText(StartDate));

@@ -30,7 +30,7 @@ public:
     ~frmCustomDateRange() override;
 
     // Keeps the owner and shows the two dates in the fields.
-    void Initialize(const QDate &StartDate, const QDate &EndDate, Library *owner);
+    void Initialize(const QDate &StartDate, const QDate &EndDate, HostLink *owner);
 
     // Set only by a successful OK.
     QDate startDate() const { return m_startDate; }

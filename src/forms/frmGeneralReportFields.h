@@ -28,11 +28,11 @@ protected:
 
 private:
     void LoadItemList();
-    QList<OutputField> items() const;
     void sizeEdited(const QModelIndex &index, const QString &text);
     void cmdOK_Click();
 
     std::unique_ptr<Ui::frmGeneralReportFields> ui;
+    QList<OutputField> m_fields; // what the grid shows, row for row
 };
 
 } // namespace bravcpl5

@@ -4,6 +4,7 @@
 
 #include "forms/ReportGrid.h"
 #include "forms/frmCustomDateRange.h"
+#include "library/Library.h"
 
 namespace bravcpl5 {
 
@@ -19,9 +20,9 @@ frmGeneralReportFilters::frmGeneralReportFilters(QWidget *parent)
     ui->setupUi(this);
     ui->rptItems->setColumnHidden(TypeColumn, true);
     ui->rptItems->setColumnHidden(AllowAllColumn, true);
-    CellEditor *editor = SetupReportGrid(ui->rptItems, ValueColumn, [this](const QModelIndex &index) {
-        return choicesFor(index.row());
-    });
+    CellEditor *editor = SetupReportGrid(ui->rptItems, {ValueColumn, [this](const QModelIndex &index) {
+                                             return valueCell(index);
+                                         }});
     // Queued: a custom date range opens its own dialog, which must not run inside the
     // closing cell editor.
     connect(
@@ -59,25 +60,27 @@ void frmGeneralReportFilters::LoadItemList()
     ShowGridRows(ui->rptItems, items, ValueColumn);
 }
 
-std::optional<QStringList> frmGeneralReportFilters::choicesFor(int row) const
+GridCell frmGeneralReportFilters::valueCell(const QModelIndex &index) const
 {
-    // The type and the all-entry flag are read from the row's hidden columns.
-    const QTreeWidgetItem *item = ui->rptItems->topLevelItem(row);
-    if (!item || !FilterTypeHasChoices(item->text(TypeColumn)))
-        return std::nullopt;
-    QStringList captions;
-    const QList<FilterChoice> choices =
-        FillFilterChoices(host(), item->text(TypeColumn), item->text(AllowAllColumn).toInt());
-    captions.reserve(choices.size());
-    for (const FilterChoice &choice : choices)
-        captions.append(choice.caption);
-    return captions;
+    if (index.column() != ValueColumn || index.row() >= m_rows.size())
+        return GridCell::readOnly();
+    const FilterRow &row = m_rows.at(index.row());
+    if (!FilterTypeHasChoices(row.type))
+        return GridCell::text();
+    return GridCell::list([this, type = row.type, allowAll = row.allowAll]() {
+        QStringList captions;
+        const QList<FilterChoice> choices = FillFilterChoices(host(), type, allowAll);
+        captions.reserve(choices.size());
+        for (const FilterChoice &choice : choices)
+            captions.append(choice.caption);
+        return captions;
+    });
 }
 
 void frmGeneralReportFilters::valueEdited(int index, const QString &text)
 {
     QTreeWidgetItem *item = ui->rptItems->topLevelItem(index);
-    if (!item || index >= m_rows.size() || text == item->text(ValueColumn))
+    if (!item || index >= m_rows.size() || text == m_rows.at(index).valueCaption)
         return;
     FilterRow &row = m_rows[index];
     ChangeFilterValue(row, text, [this](QDate &start, QDate &end) { return editCustomRange(start, end); });
@@ -119,6 +122,12 @@ void frmGeneralReportFilters::cmdCancel_Click()
 {
     setCancelled(true);
     reject();
+}
+
+bool Library::ShowGeneralReportFilters(const QString &ConfigurationFile)
+{
+    return ShowModalForm<frmGeneralReportFilters>(
+        [&](frmGeneralReportFilters &form) { form.SetConfiguration(ConfigurationFile, this); });
 }
 
 } // namespace bravcpl5

@@ -6,10 +6,10 @@
 // starts True, so only OK reads as confirmed.
 
 #include "filters/FilterDefinitions.h"
+#include "forms/CellEditor.h"
 #include "forms/ReportConfigurationForm.h"
 
 #include <memory>
-#include <optional>
 
 namespace Ui {
 class frmGeneralReportFilters;
@@ -31,7 +31,7 @@ protected:
 
 private:
     void LoadItemList();
-    std::optional<QStringList> choicesFor(int row) const;
+    GridCell valueCell(const QModelIndex &index) const;
     void valueEdited(int row, const QString &text);
     bool editCustomRange(QDate &start, QDate &end);
     void showDescription(QTreeWidgetItem *item);
@@ -39,7 +39,7 @@ private:
     void cmdCancel_Click();
 
     std::unique_ptr<Ui::frmGeneralReportFilters> ui;
-    QList<FilterRow> m_rows; // parallel to the grid's rows
+    QList<FilterRow> m_rows; // what the grid shows, row for row
 };
 
 } // namespace bravcpl5

@@ -2,7 +2,9 @@
 
 #include "layout/FontTypes.h"
 #include "layout/FormatPickers.h"
+#include "layout/ReportFontsIndex.h"
 #include "layout/ReportsFolderFile.h"
+#include "library/Xml.h"
 #include "library/LateBinding.h"
 
 #include <sstream>
@@ -42,6 +44,8 @@ QString layoutFileBeside(const QString &configurationFile)
 } // namespace
 
 ReportLayout::ReportLayout(QObject *parent) : Service(parent) {}
+
+ReportLayout::~ReportLayout() = default;
 
 QString ReportLayout::GetLayoutFile(const QString &ConfigurationFile)
 {
@@ -98,9 +102,9 @@ void ReportLayout::ownerAttached()
     m_generalFonts.reset();
     m_processFonts.reset();
     if (const XmlDocumentPtr general = generalReportFontsDocument(false))
-        m_generalFonts.emplace(*general, generalReports);
+        m_generalFonts = std::make_unique<const ReportFontsIndex>(*general, generalReports);
     if (const XmlDocumentPtr process = processReportFontsDocument())
-        m_processFonts.emplace(*process, processReports);
+        m_processFonts = std::make_unique<const ReportFontsIndex>(*process, processReports);
 }
 
 void ReportLayout::ownerReleasing()
@@ -115,9 +119,9 @@ const ReportFontsIndex *ReportLayout::fonts(qint16 reportType) const
     if (!m_generalFonts || !m_processFonts)
         return nullptr;
     if (reportType == generalReports)
-        return &*m_generalFonts;
+        return m_generalFonts.get();
     if (reportType == processReports)
-        return &*m_processFonts;
+        return m_processFonts.get();
     return nullptr;
 }
 

@@ -1,13 +1,15 @@
 #pragma once
 
-#include "layout/ReportFontsIndex.h"
+#include "bravcpl5_export.h"
 #include "library/Service.h"
-#include "library/Xml.h"
+#include "library/XmlDocument.h"
 
 #include <QString>
-#include <optional>
+#include <memory>
 
 namespace bravcpl5 {
+
+class ReportFontsIndex;
 
 // The report-layout service: report fonts, the formatting of report controls and the
 // general report layout.
@@ -22,13 +24,14 @@ namespace bravcpl5 {
 // refuses. The other Apply... members report a refused assignment to their caller as an
 // automation error would: they stop at the failing assignment and return false (true
 // when every assignment they made succeeded, including when the code asks for none).
-class ReportLayout : public Service
+class BRAVCPL5_EXPORT ReportLayout : public Service
 {
     Q_OBJECT
     Q_CLASSINFO("ProgId", "bravcpl5.ReportLayout")
 
 public:
     Q_INVOKABLE explicit ReportLayout(QObject *parent = nullptr);
+    ~ReportLayout() override;
 
     // The report's own layout file: beside the configuration file, same base name, ".lyx".
     // The file need not exist.
@@ -78,8 +81,8 @@ protected:
 private:
     const ReportFontsIndex *fonts(qint16 reportType) const;
 
-    std::optional<ReportFontsIndex> m_generalFonts;
-    std::optional<ReportFontsIndex> m_processFonts;
+    std::unique_ptr<const ReportFontsIndex> m_generalFonts;
+    std::unique_ptr<const ReportFontsIndex> m_processFonts;
 };
 
 } // namespace bravcpl5

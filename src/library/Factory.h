@@ -4,14 +4,16 @@
 // know only names ("bravcpl5.Library", "bravcpl5.PrinterConfigurations",
 // "bravcpl5.ReportLayout", "bravcpl5.ReportConfiguration"). The caller owns the object.
 
+#include "bravcpl5_export.h"
+
 #include <QObject>
 #include <QString>
 
 namespace bravcpl5 {
 
 // Null for any other identifier.
-QObject *CreateObject(const QString &progId);
+BRAVCPL5_EXPORT QObject *CreateObject(const QString &progId);
 
 } // namespace bravcpl5
 
-extern "C" __attribute__((visibility("default"))) QObject *bravcpl5_CreateObject(const char *progId);
+extern "C" BRAVCPL5_EXPORT QObject *bravcpl5_CreateObject(const char *progId);

@@ -1,13 +1,10 @@
 #include "library/Library.h"
 
-#include "forms/frmGeneralReportFields.h"
-#include "forms/frmGeneralReportFilters.h"
-
 #include <new>
 
 namespace bravcpl5 {
 
-Library::Library(QObject *parent) : QObject(parent) {}
+Library::Library(QObject *parent) : HostLink(parent) {}
 
 Library::~Library() = default;
 
@@ -49,18 +46,6 @@ void Library::PreTerminate()
     release(m_printerConfigurations);
     release(m_reportLayout);
     m_host.clear();
-}
-
-bool Library::ShowGeneralReportFilters(const QString &ConfigurationFile)
-{
-    return ShowModalForm<frmGeneralReportFilters>(
-        [&](frmGeneralReportFilters &form) { form.SetConfiguration(ConfigurationFile, this); });
-}
-
-bool Library::ShowGeneralReportFields(const QString &ConfigurationFile)
-{
-    return ShowModalForm<frmGeneralReportFields>(
-        [&](frmGeneralReportFields &form) { form.SetConfiguration(ConfigurationFile, this); });
 }
 
 } // namespace bravcpl5

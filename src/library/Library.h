@@ -1,6 +1,8 @@
 #pragma once
 
+#include "bravcpl5_export.h"
 #include "layout/ReportLayout.h"
+#include "library/HostLink.h"
 #include "printing/PrinterConfigurations.h"
 
 #include <QObject>
@@ -12,7 +14,7 @@ namespace bravcpl5 {
 // hands out the two services, each created on first read with its Owner set to this
 // Library. PreTerminate must be called before the host lets go of the Library: it cuts
 // the services off from it and from the host.
-class Library : public QObject
+class BRAVCPL5_EXPORT Library : public HostLink
 {
     Q_OBJECT
     Q_CLASSINFO("ProgId", "bravcpl5.Library")
@@ -24,7 +26,7 @@ public:
     Q_INVOKABLE explicit Library(QObject *parent = nullptr);
     ~Library() override;
 
-    QObject *sharedCodeLibrary() const;
+    QObject *sharedCodeLibrary() const override;
     // Created on first read; null only when creation failed.
     bravcpl5::PrinterConfigurations *printerConfigurations();
     bravcpl5::ReportLayout *reportLayout();
@@ -37,9 +39,11 @@ public:
 
     // The report filters dialog on a report's configuration file; true when the user
     // confirmed it with OK and the values were saved, false for Cancel or the close box.
+    // Defined beside its dialog, in forms/frmGeneralReportFilters.cpp.
     Q_INVOKABLE bool ShowGeneralReportFilters(const QString &ConfigurationFile);
     // The report fields dialog on a report's configuration file; true when the user
     // confirmed it with OK (the sizes are then saved), false for Cancel or the close box.
+    // Defined beside its dialog, in forms/frmGeneralReportFields.cpp.
     Q_INVOKABLE bool ShowGeneralReportFields(const QString &ConfigurationFile);
 
 private:

@@ -5,6 +5,8 @@
 // that mirrors it, in the user's configuration folder unless a host (or a test) names
 // another file with SetRegistryFile.
 
+#include "library/RegistryFile.h"
+
 #include <QString>
 
 class QObject;
@@ -26,10 +28,6 @@ QString GetRegValue(unsigned hive, const QString &key, const QString &valueName,
 // Creates the key when needed and writes the string value; false when it could not.
 bool SetRegValue(unsigned hive, const QString &key, const QString &valueName,
                  const QString &data);
-
-// The file that stands in for the registry off Windows; an empty path restores the default.
-void SetRegistryFile(const QString &path);
-QString RegistryFile();
 
 // The printer-configurations key with the host's settings profile filled in.
 QString PrinterConfigurationsKey(QObject *host);

@@ -1,12 +1,14 @@
 #pragma once
 
+#include "bravcpl5_export.h"
+
 #include <QObject>
 
 namespace bravcpl5 {
 
 // A type with no members of its own, so that a host can hand a report's configuration
 // around as an object of a stable type. Nothing in the library reads or writes it.
-class ReportConfiguration : public QObject
+class BRAVCPL5_EXPORT ReportConfiguration : public QObject
 {
     Q_OBJECT
     Q_CLASSINFO("ProgId", "bravcpl5.ReportConfiguration")

@@ -1,16 +1,15 @@
 #include "library/Service.h"
 
-#include "library/Library.h"
 
 namespace bravcpl5 {
 
 Service::Service(QObject *parent) : QObject(parent) {}
 
-Library *Service::owner() const { return m_owner.data(); }
+HostLink *Service::owner() const { return m_owner.data(); }
 QObject *Service::ownerObject() const { return m_owner.data(); }
 QObject *Service::host() const { return m_owner ? m_owner->sharedCodeLibrary() : nullptr; }
 
-void Service::setOwner(Library *owner)
+void Service::setOwner(HostLink *owner)
 {
     m_owner = owner;
     ownerAttached();

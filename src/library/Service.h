@@ -5,6 +5,9 @@
 // only the Library sets and clears it. Services never keep the host object: they reach it
 // through Owner.SharedCodeLibrary each time, so PreTerminate cuts them off from it.
 
+#include "bravcpl5_export.h"
+#include "library/HostLink.h"
+
 #include <QObject>
 #include <QPointer>
 
@@ -12,13 +15,14 @@ namespace bravcpl5 {
 
 class Library;
 
-class Service : public QObject
+class BRAVCPL5_EXPORT Service : public QObject
 {
     Q_OBJECT
     Q_PROPERTY(QObject *Owner READ ownerObject)
 
 public:
-    Library *owner() const;
+    // The owner as the ground floor knows it; callers above the services may cast it.
+    HostLink *owner() const;
     QObject *ownerObject() const;
     // Owner.SharedCodeLibrary, or null when there is no owner or no host.
     QObject *host() const;
@@ -32,10 +36,10 @@ protected:
 
 private:
     friend class Library;
-    void setOwner(Library *owner);
+    void setOwner(HostLink *owner);
     void clearOwner();
 
-    QPointer<Library> m_owner;
+    QPointer<HostLink> m_owner;
 };
 
 } // namespace bravcpl5

@@ -11,14 +11,12 @@
 // - nothing throws: a failed create or load gives a null document, a failed write stops
 //   where it is, and the reason of the last parse failure is in LastXmlError().
 
+#include "library/XmlDocument.h"
+
 #include <QString>
 #include <cstdint>
-#include <memory>
-#include <pugixml.hpp>
 
 namespace bravcpl5 {
-
-using XmlDocumentPtr = std::unique_ptr<pugi::xml_document>;
 
 // A new document holding the declaration <?xml version="1.0"?> and an empty root element.
 XmlDocumentPtr CreateXmlDocument(const QString &rootName);

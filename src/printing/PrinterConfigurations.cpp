@@ -7,7 +7,7 @@
 #include "library/Xml.h"
 #include "printing/ConfigurationFiles.h"
 #include "printing/ReportContract.h"
-#include "printing/ReportPageSetup.h"
+#include "printing/PageSetupToReport.h"
 
 #include <QSet>
 

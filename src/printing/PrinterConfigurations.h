@@ -1,5 +1,6 @@
 #pragma once
 
+#include "bravcpl5_export.h"
 #include "library/Service.h"
 
 #include <QString>
@@ -15,7 +16,7 @@ inline constexpr auto DefaultPrinterValueName = "(Default)";
 // Owner: every call reads the folders, files and registry afresh. Failures give empty or
 // False results; only GetPrinterConfigurationToUse and VerifyPrinterConfigurations speak
 // to the user, and only when Verbose.
-class PrinterConfigurations : public Service
+class BRAVCPL5_EXPORT PrinterConfigurations : public Service
 {
     Q_OBJECT
     Q_CLASSINFO("ProgId", "bravcpl5.PrinterConfigurations")

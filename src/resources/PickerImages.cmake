@@ -15,4 +15,4 @@ add_custom_command(OUTPUT "${PICKER_IMAGES_SOURCE}"
   COMMENT "Drawing the format picker images"
   VERBATIM)
 set_source_files_properties("${PICKER_IMAGES_SOURCE}" PROPERTIES SKIP_AUTOGEN ON)
-target_sources(bravcpl5 PRIVATE "${PICKER_IMAGES_SOURCE}")
+target_sources(bravcpl5_objects PRIVATE "${PICKER_IMAGES_SOURCE}")

@@ -1,5 +1,5 @@
-#include "layout/ReportField.h"
-#include "layout/ReportLabel.h"
+#include "report/ReportField.h"
+#include "report/ReportLabel.h"
 #include "layout/ReportLayout.h"
 #include "layout/WindowsColor.h"
 

@@ -1,7 +1,7 @@
 #include "LayoutFixture.h"
 
 #include "layout/FontTypes.h"
-#include "layout/ReportLabel.h"
+#include "report/ReportLabel.h"
 #include "layout/WindowsColor.h"
 #include "library/LateBinding.h"
 

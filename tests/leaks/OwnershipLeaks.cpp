@@ -1,15 +1,21 @@
 // Runs the Library's whole life many times (create by name, initialise, read both services,
 // terminate, read again, delete, and the host going first) so that a leak checker run over
-// this program finds any object the ownership rules fail to release.
+// this program finds any object the ownership rules fail to release. It uses only what the
+// shared library exports, as an automation client would.
 
 #include "library/Factory.h"
-#include "library/LateBinding.h"
 
 #include <QCoreApplication>
+#include <QVariant>
 #include <cstdio>
 #include <memory>
 
-using namespace bravcpl5;
+namespace {
+QObject *object(QObject *from, const char *property)
+{
+    return from->property(property).value<QObject *>();
+}
+} // namespace
 
 int main(int argc, char **argv)
 {
@@ -18,14 +24,14 @@ int main(int argc, char **argv)
     for (int round = 0; round < 200; ++round) {
         auto host = std::make_unique<QObject>();
         std::unique_ptr<QObject> library(bravcpl5_CreateObject("bravcpl5.Library"));
-        late::call(library.get(), "Initialize", {QVariant::fromValue(host.get())});
-        QObject *configurations = late::object(library.get(), "PrinterConfigurations");
-        QObject *layout = late::object(library.get(), "ReportLayout");
-        if (!configurations || !layout || late::object(configurations, "Owner") != library.get())
+        QMetaObject::invokeMethod(library.get(), "Initialize", Q_ARG(QObject *, host.get()));
+        QObject *configurations = object(library.get(), "PrinterConfigurations");
+        QObject *layout = object(library.get(), "ReportLayout");
+        if (!configurations || !layout || object(configurations, "Owner") != library.get())
             ++failures;
-        late::call(library.get(), "PreTerminate");
+        QMetaObject::invokeMethod(library.get(), "PreTerminate");
         // Services read after PreTerminate, and a library deleted without PreTerminate.
-        late::object(library.get(), "PrinterConfigurations");
+        object(library.get(), "PrinterConfigurations");
         if (round % 2)
             QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         if (round % 3 == 0)

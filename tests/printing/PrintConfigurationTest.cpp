@@ -3,7 +3,7 @@
 // where the reference report's pages put what is drawn, seen on the rendered PDF.
 
 #include "StoreFixture.h"
-#include "printing/ReferenceReport.h"
+#include "report/ReferenceReport.h"
 #include "printing/SandboxCups.h"
 
 #include <QImage>

@@ -4,8 +4,8 @@
 // settings, with every property write logged in order as "Member=value"
 // ("Printer.DeviceName=Office Laser", "PageSettings.PaperSize=1", "PrintWidth=8640").
 
-#include "printing/ReportPageSettings.h"
-#include "printing/ReportPrinter.h"
+#include "report/ReportPageSettings.h"
+#include "report/ReportPrinter.h"
 
 #include <QMetaProperty>
 #include <QStringList>

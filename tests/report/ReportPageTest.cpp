@@ -1,4 +1,4 @@
-#include "printing/ReportPage.h"
+#include "report/ReportPage.h"
 
 #include <gtest/gtest.h>
 

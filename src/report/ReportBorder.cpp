@@ -1,4 +1,4 @@
-#include "layout/ReportBorder.h"
+#include "report/ReportBorder.h"
 
 #include "layout/WindowsColor.h"
 

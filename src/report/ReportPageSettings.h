@@ -1,6 +1,6 @@
 #pragma once
 
-#include "printing/ReportPage.h"
+#include "report/ReportPage.h"
 
 #include <QObject>
 

@@ -5,9 +5,9 @@
 // QPrinter: to the named CUPS queue, or to a PDF file when OutputFileName is set. The
 // pages are drawn by a callback, so any report can print with it.
 
-#include "printing/ReportPage.h"
-#include "printing/ReportPageSettings.h"
-#include "printing/ReportPrinter.h"
+#include "report/ReportPage.h"
+#include "report/ReportPageSettings.h"
+#include "report/ReportPrinter.h"
 
 #include <QObject>
 #include <functional>

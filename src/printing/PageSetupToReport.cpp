@@ -1,4 +1,4 @@
-#include "printing/ReportPageSetup.h"
+#include "printing/PageSetupToReport.h"
 
 #include "library/LateBinding.h"
 #include "library/ValueRules.h"

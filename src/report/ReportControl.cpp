@@ -1,4 +1,4 @@
-#include "layout/ReportControl.h"
+#include "report/ReportControl.h"
 
 #include "layout/FormatPickers.h"
 #include "layout/WindowsColor.h"

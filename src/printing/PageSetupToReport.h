@@ -1,6 +1,6 @@
 #pragma once
 
-// Copies a configuration's page setup onto a report object (printing/ReportContract.h).
+// Applies a configuration's page setup to a report object (printing/ReportContract.h).
 
 #include "library/Units.h"
 

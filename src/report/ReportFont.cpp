@@ -1,4 +1,4 @@
-#include "layout/ReportFont.h"
+#include "report/ReportFont.h"
 
 namespace bravcpl5 {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "layout/ReportControl.h"
+#include "report/ReportControl.h"
 
 namespace bravcpl5 {
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "layout/ReportBorder.h"
-#include "layout/ReportFont.h"
+#include "report/ReportBorder.h"
+#include "report/ReportFont.h"
 
 #include <QObject>
 #include <QRectF>

@@ -1,4 +1,4 @@
-#include "printing/ReferenceReport.h"
+#include "report/ReferenceReport.h"
 
 #include <QDir>
 #include <QPainter>
