@@ -2,7 +2,9 @@
 
 #include "SampleProducts.h"
 
+#include "layout/FurnitureFormats.h"
 #include "layout/GeneralReportLayout.h"
+#include "layout/ReportFurniture.h"
 #include "report/ReportField.h"
 #include "report/ReportLabel.h"
 #include "library/LateBinding.h"
@@ -190,31 +192,27 @@ private:
         return y;
     }
 
-    // One full-width furniture line; null when the layout does not show the item.
-    ReportLabel *furniture(const LayoutItem &item, const QString &text, FontType type, qint16 alignment,
-                           std::vector<Row> &rows)
+    // Full-width furniture lines, as the layout document sets them.
+    void furniture(const QList<FurnitureLine> &lines, std::vector<Row> &rows)
     {
-        if (!item.show)
-            return nullptr;
-        Row row;
-        ReportLabel *control = m_make.label(row, text, type, 0, m_columns.width, alignment);
-        rows.push_back(row);
-        return control;
+        for (const FurnitureLine &line : lines) {
+            Row row;
+            ReportLabel *control = m_make.label(row, line.text, line.fontType, 0, m_columns.width, line.alignment);
+            if (line.notBold)
+                m_make.format(control, "ApplyTextFormatSettingsToControl", notBold);
+            if (line.fontType == furnitureFont::pageNumber)
+                m_pageNumber = control;
+            rows.push_back(row);
+        }
     }
 
     void buildHeader(const QDateTime &now)
     {
-        const GeneralReportLayout &l = m_layout;
-        furniture(l.company, l.company.label, CompanyName, l.company.alignment, m_header);
-        furniture(l.title, QStringLiteral("Product List"), Title, l.title.alignment, m_header);
-        furniture(l.subTitle, QStringLiteral("All Products by Product Type"), Subtitle, l.subTitle.alignment, m_header);
-        // The description has no font type of its own: the subtitle's, not bold.
-        if (ReportLabel *description = furniture(l.description, QStringLiteral("Every product on file with its manufacturer, vendor and list price."),
-                                                 Subtitle, l.description.alignment, m_header))
-            m_make.format(description, "ApplyTextFormatSettingsToControl", notBold);
-        // The print time has no alignment of its own; it goes with the date.
-        furniture(l.printDate, FormatPrintDate(l.printDate.format, now.date()), PrintDate, l.printDate.alignment, m_header);
-        furniture(l.printTime, FormatPrintTime(l.printTime.format, now.time()), PrintTime, l.printDate.alignment, m_header);
+        furniture(HeaderFurniture(m_layout,
+                                  {QStringLiteral("Product List"), QStringLiteral("All Products by Product Type"),
+                                   QStringLiteral("Every product on file with its manufacturer, vendor and list price.")},
+                                  now),
+                  m_header);
         if (!m_header.empty())
             m_header.push_back(spacer(TwipsPerInch / 6));
     }
@@ -294,15 +292,10 @@ private:
 
     void buildFooter()
     {
-        const GeneralReportLayout &l = m_layout;
-        if (l.extraLine.show || l.pageNumber.show)
+        const QList<FurnitureLine> lines = FooterFurniture(m_layout, 1, 1);
+        if (!lines.isEmpty())
             m_footer.push_back(spacer(TwipsPerInch / 12));
-        furniture(l.extraLine, l.extraLine.label, ExtraLine, l.extraLine.alignment, m_footer);
-        if (l.pageNumber.show) {
-            Row row;
-            m_pageNumber = m_make.label(row, QString(), PageNumber, 0, m_columns.width, l.pageNumber.alignment);
-            m_footer.push_back(row);
-        }
+        furniture(lines, m_footer);
     }
 
     ControlMaker m_make;
@@ -316,33 +309,6 @@ private:
 };
 
 } // namespace
-
-QString FormatPageNumber(const QString &format, int page, int pageCount)
-{
-    QString text = format.isEmpty() ? QStringLiteral("Page nnn of mmm") : format;
-    text.replace(QLatin1String("nnnn"), QString::number(page));
-    text.replace(QLatin1String("nnn"), QString::number(page));
-    return text.replace(QLatin1String("mmm"), QString::number(pageCount));
-}
-
-QString FormatPrintDate(const QString &format, const QDate &date)
-{
-    if (format.isEmpty() || format == QLatin1String("Short Date"))
-        return values::toShortDate(date);
-    if (format == QLatin1String("Long Date"))
-        return QLocale().toString(date, QLocale::LongFormat);
-    return date.toString(format);
-}
-
-QString FormatPrintTime(const QString &format, const QTime &time)
-{
-    if (format.isEmpty() || format == QLatin1String("Short Time"))
-        return time.toString(QStringLiteral("HH:mm"));
-    if (format == QLatin1String("Long Time"))
-        return QLocale().toString(time, QLocale::LongFormat);
-    QString pattern = format;
-    return time.toString(pattern.replace(QLatin1String("AM/PM"), QLatin1String("AP")));
-}
 
 SampleReportOutcome PrintSampleReport(QObject *library, const QList<SampleProduct> &products,
                                       const QString &pdfFile)

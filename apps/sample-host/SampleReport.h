@@ -17,10 +17,3 @@ struct SampleReportOutcome {
 
 SampleReportOutcome PrintSampleReport(QObject *library, const QList<SampleProduct> &products,
                                       const QString &pdfFile);
-
-// The furniture's format texts: "Page nnn of mmm" and the like for page numbers; the
-// named formats "Short Date", "Long Date", "Short Time", "Long Time" or a date/time
-// pattern ("AM/PM" for the half of the day) for the print date and time.
-QString FormatPageNumber(const QString &format, int page, int pageCount);
-QString FormatPrintDate(const QString &format, const QDate &date);
-QString FormatPrintTime(const QString &format, const QTime &time);

@@ -38,6 +38,10 @@ public:
     Q_INVOKABLE QString GetLayoutFile(const QString &ConfigurationFile);
     // The report's own layout when it exists, else the general one; "" when neither does.
     Q_INVOKABLE QString LoadGeneralReportLayout(const QString &ConfigurationFile = QString());
+    // The layout dialog on `LayoutFile`, or on the general layout file when it is empty;
+    // true unless the user cancelled. Defined beside its dialog, in
+    // forms/frmGeneralReportLayout.cpp.
+    Q_INVOKABLE bool ShowGeneralReportLayout(const QString &LayoutFile);
     // The user copy of "General Report Layout.lyx" when it exists (or whenever ForceUser is
     // set and there is a user folder), else the system copy when it exists, else "".
     Q_INVOKABLE QString GeneralReportLayoutFile(bool ForceUser = false);

@@ -263,4 +263,17 @@ double leadingNumber(const QString &text, const QLocale &locale)
     return ok && std::isfinite(value) ? value : 0.0;
 }
 
+QString toLongTime(const QTime &time, const QLocale &locale)
+{
+    // The long format ends in the time zone ("t"), which a local time has no use for.
+    QString format = locale.timeFormat(QLocale::LongFormat);
+    format.remove(QLatin1Char('t'));
+    return locale.toString(time, format.trimmed());
+}
+
+QString toGeneralDate(const QDateTime &dateTime, const QLocale &locale)
+{
+    return toShortDate(dateTime.date(), locale) + QLatin1Char(' ') + toLongTime(dateTime.time(), locale);
+}
+
 } // namespace bravcpl5::values

@@ -5,6 +5,7 @@
 // reads the same wherever it is opened; do not re-derive these rules elsewhere.
 
 #include <QDate>
+#include <QDateTime>
 #include <QLocale>
 #include <QString>
 #include <QVariant>
@@ -41,6 +42,11 @@ QString toShortDate(const QDate &date, const QLocale &locale = QLocale());
 // Reads a date typed in the locale's short date order; two-digit years fall in 1930-2029.
 // An invalid QDate when the text is not such a date.
 QDate parseShortDate(const QString &text, const QLocale &locale = QLocale());
+
+// The locale's long time without a time zone (1:05:09 PM in en_US), and the general date
+// form: the short date, then the long time.
+QString toLongTime(const QTime &time, const QLocale &locale = QLocale());
+QString toGeneralDate(const QDateTime &dateTime, const QLocale &locale = QLocale());
 
 // Text of a value returned by a late-bound call: booleans as True/False, singles and
 // doubles by the rules above, invalid values as empty text.
