@@ -4,15 +4,16 @@
 #include "SampleHost.h"
 #include "SampleReport.h"
 
+#include "library/LateBinding.h"
+
 #include <QAction>
 #include <QDir>
 #include <QMenu>
 
-void addReportMenu(MainWindow &window)
+namespace {
+
+void printSampleReport(MainWindow &window)
 {
-    QMenu *menu = window.addSubsystemMenu(QStringLiteral("&Reports"));
-    QAction *print = menu->addAction(QStringLiteral("Print the sample report..."));
-    QObject::connect(print, &QAction::triggered, &window, [&window]() {
         const QString file = QDir(window.outputFolder()).filePath(QStringLiteral("sample-report.pdf"));
         const SampleReportOutcome outcome = PrintSampleReport(window.library(), SampleProducts(window.host()->database()), file);
         if (!outcome.written) {
@@ -21,6 +22,36 @@ void addReportMenu(MainWindow &window)
         }
         window.log(QStringLiteral("Sample report: %1 (%2 pages, printer configuration \"%3\")")
                        .arg(file).arg(outcome.pages).arg(outcome.printerConfiguration));
-    });
+}
+
+// Opens the layout dialog on `layoutFile` ("" for the general layout) by name, as a host
+// would, then prints the sample report so that the change shows.
+void editLayout(MainWindow &window, const QString &layoutFile)
+{
+    QObject *reportLayout = bravcpl5::late::object(window.library(), "ReportLayout");
+    const bool confirmed = bravcpl5::late::value(reportLayout, "ShowGeneralReportLayout", {layoutFile}).toBool();
+    window.log(QStringLiteral("ShowGeneralReportLayout(\"%1\") returned %2")
+                   .arg(layoutFile, confirmed ? QStringLiteral("True") : QStringLiteral("False")));
+    printSampleReport(window);
+}
+
+} // namespace
+
+void addReportMenu(MainWindow &window)
+{
+    QMenu *menu = window.addSubsystemMenu(QStringLiteral("&Reports"));
+    QAction *print = menu->addAction(QStringLiteral("Print the sample report..."));
+    QObject::connect(print, &QAction::triggered, &window, [&window]() { printSampleReport(window); });
     window.addTourAction(print, QStringLiteral("sample-report"));
+
+    QAction *general = menu->addAction(QStringLiteral("General Report &Layout..."));
+    QObject::connect(general, &QAction::triggered, &window, [&window]() { editLayout(window, QString()); });
+    window.addTourAction(general, QStringLiteral("general-report-layout"));
+    QAction *own = menu->addAction(QStringLiteral("Report Layout of Order Summary..."));
+    QObject::connect(own, &QAction::triggered, &window, [&window]() {
+        QObject *reportLayout = bravcpl5::late::object(window.library(), "ReportLayout");
+        const QString report = QDir(window.host()->dataFolder()).filePath(QStringLiteral("System/Reports/Order Summary.xml"));
+        editLayout(window, bravcpl5::late::text(reportLayout, "GetLayoutFile", {report}));
+    });
+    window.addTourAction(own, QStringLiteral("report-layout"));
 }

@@ -221,8 +221,10 @@ void frmGeneralReportLayout::toControls(const GeneralReportLayout &layout)
     for (const ItemControls &c : m_items) {
         const LayoutItem &item = layout.*c.item;
         c.show->setChecked(item.show);
-        if (c.label)
+        if (c.label) {
             c.label->setText(item.label);
+            c.label->setCursorPosition(0); // show the text's beginning
+        }
         if (c.format)
             c.format->setCurrentText(item.format);
         // A code the list does not offer selects nothing.
