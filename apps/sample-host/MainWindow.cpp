@@ -75,3 +75,9 @@ void MainWindow::showStatus()
     log(QStringLiteral("System reports folder: %1").arg(system));
     log(QStringLiteral("User reports folder: %1").arg(user));
 }
+
+void MainWindow::restartLibrary()
+{
+    QMetaObject::invokeMethod(m_library, "PreTerminate");
+    QMetaObject::invokeMethod(m_library, "Initialize", Q_ARG(QObject *, m_host));
+}

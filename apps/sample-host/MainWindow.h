@@ -32,6 +32,9 @@ public:
     const QList<TourStep> &tourSteps() const { return m_tour; }
 
     void log(const QString &line);
+    // Lets go of the library's services and hands it the host again, so that the services
+    // are created afresh (with the fonts as they are now) on their next use.
+    void restartLibrary();
 
 private:
     void showStatus();

@@ -35,6 +35,20 @@ void editLayout(MainWindow &window, const QString &layoutFile)
     printSampleReport(window);
 }
 
+// Opens a report fonts dialog by name, then prints the sample report. The ReportLayout
+// keeps the fonts it read when it was created, so a host that wants a change to show at
+// once starts over with a fresh one (PreTerminate, then the service is created anew).
+void editFonts(MainWindow &window, const char *member)
+{
+    QObject *reportLayout = bravcpl5::late::object(window.library(), "ReportLayout");
+    const bool confirmed = bravcpl5::late::value(reportLayout, member).toBool();
+    window.log(QStringLiteral("%1() returned %2")
+                   .arg(QLatin1String(member), confirmed ? QStringLiteral("True") : QStringLiteral("False")));
+    if (confirmed)
+        window.restartLibrary();
+    printSampleReport(window);
+}
+
 } // namespace
 
 void addReportMenu(MainWindow &window)
@@ -54,4 +68,16 @@ void addReportMenu(MainWindow &window)
         editLayout(window, bravcpl5::late::text(reportLayout, "GetLayoutFile", {report}));
     });
     window.addTourAction(own, QStringLiteral("report-layout"));
+    menu->addSeparator();
+    const struct {
+        const char *text;
+        const char *member;
+        const char *screenshot;
+    } fonts[] = {{"General Report &Fonts...", "ShowGeneralReportFonts", "general-report-fonts"},
+                 {"&Process Report Fonts...", "ShowProcessReportFonts", "process-report-fonts"}};
+    for (const auto &f : fonts) {
+        QAction *action = menu->addAction(QString::fromLatin1(f.text));
+        QObject::connect(action, &QAction::triggered, &window, [&window, member = f.member]() { editFonts(window, member); });
+        window.addTourAction(action, QString::fromLatin1(f.screenshot));
+    }
 }

@@ -52,14 +52,14 @@ private:
     QPointer<HostLink> m_owner;
 };
 
-// Creates a fresh `Form` over the active dialog or window, lets `setUp` hand it its inputs
-// and owner, runs it modally, lets `readBack` take its results, and returns the negation
-// of its `Cancelled` flag.
-template <typename Form, typename SetUp, typename ReadBack>
-bool ShowModalForm(SetUp &&setUp, ReadBack &&readBack)
+// Creates a fresh `Form` (from `args`, then its parent) over the active dialog or window,
+// lets `setUp` hand it its inputs and owner, runs it modally, lets `readBack` take its
+// results, and returns the negation of its `Cancelled` flag.
+template <typename Form, typename SetUp, typename ReadBack, typename... Args>
+bool ShowModalForm(SetUp &&setUp, ReadBack &&readBack, Args &&...args)
 {
     QWidget *over = QApplication::activeModalWidget();
-    QPointer<Form> form = new Form(over ? over : QApplication::activeWindow());
+    QPointer<Form> form = new Form(std::forward<Args>(args)..., over ? over : QApplication::activeWindow());
     setUp(*form);
     form->exec();
     // The parent window may have taken the dialog with it while it was open.

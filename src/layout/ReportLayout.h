@@ -38,6 +38,11 @@ public:
     Q_INVOKABLE QString GetLayoutFile(const QString &ConfigurationFile);
     // The report's own layout when it exists, else the general one; "" when neither does.
     Q_INVOKABLE QString LoadGeneralReportLayout(const QString &ConfigurationFile = QString());
+    // The report fonts dialogs of general and of process reports; true unless the user
+    // cancelled. Saving does not change the fonts this service cached when it was created.
+    // Defined beside their dialog, in forms/frmGeneralReportFonts.cpp.
+    Q_INVOKABLE bool ShowGeneralReportFonts();
+    Q_INVOKABLE bool ShowProcessReportFonts();
     // The layout dialog on `LayoutFile`, or on the general layout file when it is empty;
     // true unless the user cancelled. Defined beside its dialog, in
     // forms/frmGeneralReportLayout.cpp.
