@@ -1,8 +1,11 @@
-// How quickly the report filters dialog comes up on a large configuration, and how quickly
-// a vendor drop-down opens on a large vendor list. Both run offscreen, from creating the
+// How quickly the report filters dialog comes up on a large configuration, how quickly a
+// vendor drop-down opens on a large vendor list, and how quickly the process report fonts
+// dialog comes up with its rows drawn in their fonts. All run offscreen, from creating the
 // dialog (or starting the edit) to the first frame painted with the rows (or the list).
 
 #include "forms/frmGeneralReportFilters.h"
+#include "forms/frmGeneralReportFonts.h"
+#include "layout/ReportLayout.h"
 #include "library/Library.h"
 #include "library/Registry.h"
 
@@ -78,23 +81,29 @@ struct Setting {
     QString file;
 };
 
+// Waits, after showing `form`, for the first paint of `grid` with its rows in it.
+template <typename Form> void untilRowsPainted(Form &form, QAbstractItemView *grid)
+{
+    PaintCounter counter;
+    int paintsBeforeRows = -1;
+    form.show();
+    runUntil([&]() {
+        if (paintsBeforeRows < 0 && form.isActivated()) {
+            paintsBeforeRows = counter.paints;
+            grid->viewport()->installEventFilter(&counter);
+        }
+        return paintsBeforeRows >= 0 && counter.paints > 0;
+    });
+}
+
 void BM_OpenFiltersDialog(benchmark::State &state)
 {
     Setting setting(int(state.range(0)), 100);
     for (auto _ : state) {
         frmGeneralReportFilters form;
         form.SetConfiguration(setting.file, &setting.library);
-        PaintCounter counter;
         auto *grid = form.findChild<QTreeWidget *>(QStringLiteral("rptItems"));
-        int paintsBeforeRows = -1;
-        form.show();
-        runUntil([&]() {
-            if (paintsBeforeRows < 0 && form.isActivated()) {
-                paintsBeforeRows = counter.paints;
-                grid->viewport()->installEventFilter(&counter);
-            }
-            return paintsBeforeRows >= 0 && counter.paints > 0;
-        });
+        untilRowsPainted(form, grid);
         benchmark::DoNotOptimize(grid->topLevelItemCount());
         state.PauseTiming();
         form.close();
@@ -102,6 +111,22 @@ void BM_OpenFiltersDialog(benchmark::State &state)
     }
 }
 BENCHMARK(BM_OpenFiltersDialog)->Arg(1000)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void BM_OpenProcessFontsDialog(benchmark::State &state)
+{
+    Setting setting(0, 0);
+    for (auto _ : state) {
+        frmGeneralReportFonts form(processReports);
+        form.SetUp(setting.library.reportLayout());
+        auto *grid = form.findChild<QTreeWidget *>(QStringLiteral("rptFonts"));
+        untilRowsPainted(form, grid);
+        benchmark::DoNotOptimize(grid->topLevelItemCount());
+        state.PauseTiming();
+        form.close();
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(BM_OpenProcessFontsDialog)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 void BM_OpenVendorDropDown(benchmark::State &state)
 {
