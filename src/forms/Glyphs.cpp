@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QPainter>
+#include <QPainterPath>
 #include <QPalette>
 #include <QPixmap>
 
@@ -47,6 +48,40 @@ QIcon CalendarGlyph()
                        QIcon::Disabled);
     }
     return icon;
+}
+
+QPixmap SheetGlyph(Qt::Orientation orientation, qreal devicePixelRatio)
+{
+    const QSizeF logical = orientation == Qt::Vertical ? QSizeF(24, 30) : QSizeF(30, 24);
+    QPixmap pixmap((logical * devicePixelRatio).toSize());
+    pixmap.setDevicePixelRatio(devicePixelRatio);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QPalette palette = QApplication::palette();
+    const QRectF sheet = QRectF(QPointF(0, 0), logical).adjusted(1.5, 1.5, -1.5, -1.5);
+    const qreal fold = 5;
+    // The sheet with its top right corner folded over.
+    QPainterPath outline;
+    outline.moveTo(sheet.topLeft());
+    outline.lineTo(sheet.right() - fold, sheet.top());
+    outline.lineTo(sheet.right(), sheet.top() + fold);
+    outline.lineTo(sheet.bottomRight());
+    outline.lineTo(sheet.bottomLeft());
+    outline.closeSubpath();
+    painter.setPen(QPen(palette.color(QPalette::WindowText), 1));
+    painter.setBrush(palette.color(QPalette::Base));
+    painter.drawPath(outline);
+    painter.drawPolyline(QPolygonF({QPointF(sheet.right() - fold, sheet.top()),
+                                    QPointF(sheet.right() - fold, sheet.top() + fold),
+                                    QPointF(sheet.right(), sheet.top() + fold)}));
+    // Lines of text, the last one short.
+    painter.setPen(QPen(palette.color(QPalette::Mid), 1.5));
+    const qreal left = sheet.left() + 4;
+    const qreal right = sheet.right() - 4;
+    for (qreal y = sheet.top() + fold + 4; y < sheet.bottom() - 3; y += 4)
+        painter.drawLine(QPointF(left, y), QPointF(y + 4 < sheet.bottom() - 3 ? right : (left + right) / 2, y));
+    return pixmap;
 }
 
 } // namespace bravcpl5

@@ -15,6 +15,7 @@
 #include <QApplication>
 #include <QDialog>
 #include <QPointer>
+#include <type_traits>
 #include <utility>
 
 namespace bravcpl5 {
@@ -54,13 +55,21 @@ private:
 
 // Creates a fresh `Form` (from `args`, then its parent) over the active dialog or window,
 // lets `setUp` hand it its inputs and owner, runs it modally, lets `readBack` take its
-// results, and returns the negation of its `Cancelled` flag.
+// results, and returns the negation of its `Cancelled` flag. A `setUp` that returns false
+// refuses: the form is never shown and the result is false.
 template <typename Form, typename SetUp, typename ReadBack, typename... Args>
 bool ShowModalForm(SetUp &&setUp, ReadBack &&readBack, Args &&...args)
 {
     QWidget *over = QApplication::activeModalWidget();
     QPointer<Form> form = new Form(std::forward<Args>(args)..., over ? over : QApplication::activeWindow());
-    setUp(*form);
+    if constexpr (std::is_same_v<std::invoke_result_t<SetUp, Form &>, bool>) {
+        if (!setUp(*form)) {
+            delete form.data();
+            return false;
+        }
+    } else {
+        setUp(*form);
+    }
     form->exec();
     // The parent window may have taken the dialog with it while it was open.
     if (!form)

@@ -23,6 +23,8 @@ struct PageSetupPreviewInfo {
     float HorizontalGap = 0;
     float VerticalGap = 0;
     bool ShowLabels = false; // the label grid instead of the printable area
+
+    bool operator==(const PageSetupPreviewInfo &) const = default;
 };
 
 void DrawPageSetupPreview(const PageSetupPreviewInfo &info, PreviewSurface &surface);

@@ -46,6 +46,11 @@ public:
     Q_INVOKABLE bool PrinterConfigurationIsSystem(const QString &NameOrFile);
     // The user folder's file before the system folder's; "" when there is none.
     Q_INVOKABLE QString GetPrinterConfigurationFileFromName(const QString &Name);
+    // Opens the page setup dialog on the configuration for PrinterName (the default
+    // printer when empty or not installed); True when the user confirmed with OK, False
+    // when cancelled or when there is no printer to set the page up for. Defined beside
+    // the dialog, in forms/frmPageSetup.cpp.
+    Q_INVOKABLE bool ShowPageSetup(const QString &PrinterConfiguration, const QString &PrinterName = QString());
 
 private:
     QString systemFolder() const;

@@ -4,7 +4,7 @@
 
 #include "StoreFixture.h"
 #include "report/ReferenceReport.h"
-#include "printing/SandboxCups.h"
+#include "support/SandboxCups.h"
 
 #include <QImage>
 #include <QPainter>

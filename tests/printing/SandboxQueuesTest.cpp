@@ -1,7 +1,7 @@
 // The system printer information against the sandboxed cupsd's two test queues.
 
 #include "printing/PrinterInfo.h"
-#include "printing/SandboxCups.h"
+#include "support/SandboxCups.h"
 #include "support/QtPrinters.h"
 
 #include <gtest/gtest.h>

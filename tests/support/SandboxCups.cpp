@@ -1,4 +1,4 @@
-#include "printing/SandboxCups.h"
+#include "support/SandboxCups.h"
 
 #include <QFile>
 #include <QProcess>

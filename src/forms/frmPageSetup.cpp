@@ -1,0 +1,274 @@
+#include "forms/frmPageSetup.h"
+
+#include "ui_frmPageSetup.h"
+
+#include "forms/Glyphs.h"
+#include "library/Messages.h"
+#include "printing/PrinterConfigurations.h"
+
+namespace bravcpl5 {
+
+namespace {
+
+constexpr int firstCustomPaperSize = 256;
+constexpr int noPrinterBin = -1;
+
+// The orientation pictures' backgrounds: selected, and not.
+const QColor selectedSheet(0xE7, 0xE2, 0xC9);
+const QColor otherSheet(0xF5, 0xF5, 0xF5);
+
+std::optional<int> selectedCode(const QComboBox *list)
+{
+    if (list->currentIndex() < 0)
+        return std::nullopt;
+    return list->currentData().toInt();
+}
+
+std::optional<int> selectedCode(const QListWidget *list)
+{
+    const QListWidgetItem *item = list->currentItem();
+    if (!item || !item->isSelected())
+        return std::nullopt;
+    return item->data(Qt::UserRole).toInt();
+}
+
+void selectCode(QComboBox *list, std::optional<int> code)
+{
+    list->setCurrentIndex(code ? list->findData(*code) : -1);
+}
+
+void selectCode(QListWidget *list, std::optional<int> code)
+{
+    for (int row = 0; row < list->count(); ++row) {
+        if (code && list->item(row)->data(Qt::UserRole).toInt() == *code) {
+            list->setCurrentRow(row);
+            return;
+        }
+    }
+    list->setCurrentRow(-1);
+}
+
+void paintSheetBackground(QWidget *picture, bool selected)
+{
+    QPalette palette = picture->palette();
+    palette.setColor(QPalette::Window, selected ? selectedSheet : otherSheet);
+    picture->setPalette(palette);
+}
+
+} // namespace
+
+frmPageSetup::frmPageSetup(QWidget *parent)
+    : ModalForm(parent, true, Placement::Remembered), ui(std::make_unique<Ui::frmPageSetup>()),
+      m_info(CurrentPrinterInfo())
+{
+    ui->setupUi(this);
+
+    for (const FieldLimits &limits : PageSetupFieldLimits()) {
+        const QString name = QString::fromLatin1(limits.name);
+        auto *text = findChild<QLineEdit *>(QStringLiteral("txt") + name);
+        auto *spinner = findChild<UpDown *>(QStringLiteral("ud") + name);
+        m_fields.push_back({&limits, text});
+        spinner->bind(text, [text, &limits](int direction) {
+            text->setText(direction > 0
+                              ? IncrementFieldValue(limits.step, limits.minimum, limits.maximum, text->text())
+                              : DecrementFieldValue(limits.step, limits.minimum, limits.maximum, text->text()));
+        });
+        connect(text, &QLineEdit::textChanged, this, &frmPageSetup::UpdatePaperFields);
+    }
+    for (const PrintDirectionChoice &direction : PrintDirections())
+        ui->cboPrintDirection->addItem(direction.name, int(direction.code));
+    ui->cboPrintDirection->setCurrentIndex(-1);
+
+    const qreal ratio = devicePixelRatioF();
+    ui->imgPortrait->setPixmap(SheetGlyph(Qt::Vertical, ratio));
+    ui->imgLandscape->setPixmap(SheetGlyph(Qt::Horizontal, ratio));
+    connect(ui->optLandscape, &QRadioButton::toggled, this, &frmPageSetup::UpdateOrientationPictures);
+
+    connect(ui->cboPaperSize, &QComboBox::currentIndexChanged, this, [this]() {
+        if (!m_loading)
+            cboPaperSize_Click();
+    });
+    connect(ui->TabControl1, &QTabWidget::currentChanged, this, &frmPageSetup::DrawPreviews);
+    connect(ui->cmdOK, &QPushButton::clicked, this, &frmPageSetup::cmdOK_Click);
+    connect(ui->cmdCancel, &QPushButton::clicked, this, &frmPageSetup::cmdCancel_Click);
+    UpdateOrientationPictures();
+}
+
+frmPageSetup::~frmPageSetup() = default;
+
+bool frmPageSetup::Open(const QString &configuration, const QString &printerName, PrinterConfigurations *store)
+{
+    m_store = store;
+    setOwner(store ? store->owner() : nullptr);
+    m_configuration = configuration;
+
+    if (m_info.printerNames().isEmpty()) {
+        ShowMessage(QStringLiteral("No printers have been setup on this computer. You must setup at least "
+                                   "one printer in order to configure page settings."),
+                    QMessageBox::Warning, QMessageBox::Ok, parentWidget());
+        return false;
+    }
+    if (!printerName.isEmpty()) {
+        if (IsValidPrinter(printerName))
+            m_printer = FindPrinter(m_info, printerName);
+        else
+            ShowMessage(QStringLiteral("The printer '") + printerName +
+                            QStringLiteral("' is invalid. The default printer will be used."),
+                        QMessageBox::Warning, QMessageBox::Ok, parentWidget());
+    }
+    if (m_printer.isEmpty()) {
+        const QString systemPrinter = m_info.defaultPrinterName();
+        if (!IsValidPrinter(systemPrinter)) {
+            ShowMessage(QStringLiteral("Unable to perform page setup. Make sure a valid default printer is "
+                                       "setup on this computer and that the print spooler service is "
+                                       "running. (1)"),
+                        QMessageBox::Critical, QMessageBox::Ok, parentWidget());
+            return false;
+        }
+        m_printer = FindPrinter(m_info, systemPrinter);
+    }
+
+    m_loading = true;
+    FillPaperSizes();
+    FillPaperSources();
+    // The label sheet's fields are shown and kept, but not edited here.
+    ui->TabControl1->setTabEnabled(ui->TabControl1->indexOf(ui->tabLabelLayout), false);
+    PageSetup fields = fromControls();
+    if (ReadPageSetup(m_store, m_configuration, choices(), fields))
+        toControls(fields);
+    m_loading = false;
+    // The stored paper shows its own size, as if the user had chosen it.
+    cboPaperSize_Click();
+    return true;
+}
+
+bool frmPageSetup::IsValidPrinter(const QString &name) const
+{
+    return !name.isEmpty() && !FindPrinter(m_info, name).isEmpty();
+}
+
+void frmPageSetup::FillPaperSizes()
+{
+    m_paperSizes = m_info.paperSizes(m_printer);
+    bool hasCustomPaperSize = false;
+    for (const PaperSizeInfo &size : std::as_const(m_paperSizes)) {
+        ui->cboPaperSize->addItem(size.name, size.code);
+        hasCustomPaperSize = hasCustomPaperSize || size.code >= firstCustomPaperSize;
+    }
+    if (!hasCustomPaperSize)
+        ui->cboPaperSize->addItem(QStringLiteral("Custom"), firstCustomPaperSize);
+    ui->cboPaperSize->setCurrentIndex(-1);
+}
+
+void frmPageSetup::FillPaperSources()
+{
+    if (m_printer.isEmpty()) {
+        auto *item = new QListWidgetItem(QStringLiteral("Default"), ui->lstPaperSource);
+        item->setData(Qt::UserRole, noPrinterBin);
+        return;
+    }
+    for (const PaperBinInfo &bin : m_info.paperBins(m_printer)) {
+        auto *item = new QListWidgetItem(bin.name, ui->lstPaperSource);
+        item->setData(Qt::UserRole, bin.code);
+    }
+}
+
+void frmPageSetup::cboPaperSize_Click()
+{
+    // A standard paper shows its own size; a custom one keeps what was typed.
+    if (const auto code = selectedCode(ui->cboPaperSize); code && *code < firstCustomPaperSize) {
+        for (const PaperSizeInfo &size : std::as_const(m_paperSizes)) {
+            if (size.code == *code) {
+                ui->txtPaperWidth->setText(PaperLengthText(size.widthTwips));
+                ui->txtPaperHeight->setText(PaperLengthText(size.heightTwips));
+                break;
+            }
+        }
+    }
+    UpdatePaperFields();
+}
+
+void frmPageSetup::UpdateOrientationPictures()
+{
+    paintSheetBackground(ui->picPortrait, ui->optPortrait->isChecked());
+    paintSheetBackground(ui->picLandscape, ui->optLandscape->isChecked());
+    UpdatePaperFields();
+}
+
+void frmPageSetup::UpdatePaperFields()
+{
+    const auto code = selectedCode(ui->cboPaperSize);
+    const bool custom = code && *code >= firstCustomPaperSize;
+    for (QWidget *widget : {static_cast<QWidget *>(ui->lblPaperWidth), static_cast<QWidget *>(ui->txtPaperWidth),
+                            static_cast<QWidget *>(ui->udPaperWidth), static_cast<QWidget *>(ui->lblPaperHeight),
+                            static_cast<QWidget *>(ui->txtPaperHeight), static_cast<QWidget *>(ui->udPaperHeight)})
+        widget->setEnabled(custom);
+    DrawPreviews();
+}
+
+void frmPageSetup::DrawPreviews()
+{
+    if (m_loading)
+        return;
+    const PageSetupPreviewInfo record = PreviewRecord(fromControls());
+    for (PageSetupPicture *picture : {ui->picPreview1, ui->picPreview2, ui->picPreview3})
+        picture->setRecord(record);
+}
+
+PageSetup frmPageSetup::fromControls() const
+{
+    PageSetup fields;
+    for (const NumericField &field : m_fields)
+        fields.*field.limits->text = field.text->text();
+    fields.mirrorMargins = ui->chkMirrorMargins->isChecked();
+    fields.landscape = ui->optLandscape->isChecked();
+    fields.paperSize = selectedCode(ui->cboPaperSize);
+    fields.paperSource = selectedCode(ui->lstPaperSource);
+    fields.printDirection = selectedCode(ui->cboPrintDirection);
+    return fields;
+}
+
+void frmPageSetup::toControls(const PageSetup &fields)
+{
+    for (const NumericField &field : m_fields)
+        field.text->setText(fields.*field.limits->text);
+    ui->chkMirrorMargins->setChecked(fields.mirrorMargins);
+    (fields.landscape ? ui->optLandscape : ui->optPortrait)->setChecked(true);
+    selectCode(ui->cboPaperSize, fields.paperSize);
+    selectCode(ui->lstPaperSource, fields.paperSource);
+    selectCode(ui->cboPrintDirection, fields.printDirection);
+}
+
+PageSetupChoices frmPageSetup::choices() const
+{
+    PageSetupChoices choices;
+    for (int i = 0; i < ui->cboPaperSize->count(); ++i)
+        choices.paperSizes.append(ui->cboPaperSize->itemData(i).toInt());
+    for (int row = 0; row < ui->lstPaperSource->count(); ++row)
+        choices.paperSources.append(ui->lstPaperSource->item(row)->data(Qt::UserRole).toInt());
+    for (int i = 0; i < ui->cboPrintDirection->count(); ++i)
+        choices.printDirections.append(ui->cboPrintDirection->itemData(i).toInt());
+    return choices;
+}
+
+void frmPageSetup::cmdOK_Click()
+{
+    // Typed values are stored as they stand; the file reports nothing on failure.
+    WritePageSetup(m_store, m_configuration, fromControls());
+    setCancelled(false);
+    accept();
+}
+
+void frmPageSetup::cmdCancel_Click()
+{
+    setCancelled(true);
+    reject();
+}
+
+bool PrinterConfigurations::ShowPageSetup(const QString &PrinterConfiguration, const QString &PrinterName)
+{
+    return ShowModalForm<frmPageSetup>(
+        [&](frmPageSetup &form) { return form.Open(PrinterConfiguration, PrinterName, this); });
+}
+
+} // namespace bravcpl5

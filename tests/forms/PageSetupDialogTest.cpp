@@ -1,0 +1,357 @@
+// The page setup dialog through PrinterConfigurations.ShowPageSetup, driven by control
+// name against the sandboxed cupsd's queues: which printer it opens on, the paper lists,
+// spinners and keys, the previews, and what OK, Cancel and the close box leave in the file.
+// Opening refusals use a printer information without printers or without a default.
+
+#include "forms/PageSetupPicture.h"
+#include "library/Xml.h"
+#include "printing/PageSetupPreview.h"
+#include "printing/PrinterConfigurations.h"
+#include "printing/PrinterInfo.h"
+#include "printing/StoreFixture.h"
+#include "support/DialogDriver.h"
+#include "support/MessageRecorder.h"
+#include "support/RecordingPreviewSurface.h"
+#include "support/SandboxCups.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QFile>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTabWidget>
+#include <QTest>
+#include <QWheelEvent>
+
+namespace bravcpl5::test {
+namespace {
+
+template <typename T> T *child(QWidget *dialog, const char *name)
+{
+    T *found = dialog->findChild<T *>(QLatin1String(name));
+    EXPECT_NE(found, nullptr) << name;
+    return found;
+}
+
+// The entries of a list as "text code".
+QStringList entries(const QComboBox *list)
+{
+    QStringList texts;
+    for (int i = 0; i < list->count(); ++i)
+        texts << list->itemText(i) + QLatin1Char(' ') + list->itemData(i).toString();
+    return texts;
+}
+QStringList entries(const QListWidget *list)
+{
+    QStringList texts;
+    for (int row = 0; row < list->count(); ++row)
+        texts << list->item(row)->text() + QLatin1Char(' ') + list->item(row)->data(Qt::UserRole).toString();
+    return texts;
+}
+
+void choose(QComboBox *list, const QString &text)
+{
+    const int index = list->findText(text);
+    ASSERT_GE(index, 0) << text.toStdString();
+    list->setCurrentIndex(index);
+}
+
+void clickOk(QWidget *dialog) { child<QPushButton>(dialog, "cmdOK")->click(); }
+
+class PageSetupDialog : public StoreFixture
+{
+protected:
+    void SetUp() override
+    {
+        StoreFixture::SetUp();
+        SetPrinterInfo(nullptr); // the system's, over the sandboxed cupsd
+    }
+    void TearDown() override
+    {
+        SetPrinterInfo(nullptr);
+        StoreFixture::TearDown();
+    }
+
+    QString configure(const QByteArray &pageSetup = {})
+    {
+        return host.writeUserFile(QStringLiteral("Invoice.pcx"), configurationXml(pageSetup));
+    }
+    bool run(const QString &printer, std::function<void(QWidget *)> action, std::function<void(QWidget *)> close = clickOk)
+    {
+        WhenModal(QStringLiteral("frmPageSetup"), [&](QWidget *dialog) {
+            action(dialog);
+            close(dialog);
+        });
+        return store->ShowPageSetup(QStringLiteral("Invoice"), printer);
+    }
+    // The child elements of the saved "PageSetup", as "name=text".
+    QStringList saved(const QString &path)
+    {
+        QStringList texts;
+        const XmlDocumentPtr xml = LoadXmlFile(path);
+        if (!xml)
+            return {QStringLiteral("<no file>")};
+        for (pugi::xml_node element : SelectSingleNode(*xml, QStringLiteral("//PageSetup")).node().children())
+            texts << QString::fromUtf8(element.name()) + QLatin1Char('=') + QString::fromUtf8(element.text().get());
+        return texts;
+    }
+
+    MessageRecorder messages;
+};
+
+class SandboxPageSetupDialog : public PageSetupDialog
+{
+protected:
+    void SetUp() override
+    {
+        SKIP_WITHOUT_CUPSD();
+        PageSetupDialog::SetUp();
+    }
+};
+
+TEST_F(SandboxPageSetupDialog, AGivenPrinterIsFoundInAnyCaseWithItsOwnSizesAndBins)
+{
+    configure();
+    run(QStringLiteral("label-PRINTER"), [&](QWidget *d) {
+        EXPECT_EQ(d->windowTitle(), "Page Setup");
+        // Its sizes already have codes of 256 and up: no "Custom".
+        EXPECT_EQ(entries(child<QComboBox>(d, "cboPaperSize")),
+                  QStringList({"Shipping Label 4 x 6 in 256", "Address Label 2.25 x 1.25 in 257",
+                               "Barcode Label 3 x 1 in 258"}));
+        EXPECT_EQ(entries(child<QListWidget>(d, "lstPaperSource")), QStringList({"Front Roll 256", "Rear Roll 257"}));
+        // The default paper is the printer's own, a custom size: its fields are editable.
+        EXPECT_EQ(child<QComboBox>(d, "cboPaperSize")->currentData().toInt(), 256);
+        EXPECT_TRUE(child<QLineEdit>(d, "txtPaperWidth")->isEnabled());
+        EXPECT_EQ(entries(child<QComboBox>(d, "cboPrintDirection")),
+                  QStringList({"Across, then down 0", "Down, then across 1"}));
+        const auto *tabs = child<QTabWidget>(d, "TabControl1");
+        EXPECT_EQ(tabs->count(), 3);
+        EXPECT_EQ(tabs->tabText(2), "Label Layout");
+        EXPECT_FALSE(tabs->isTabEnabled(2));
+        EXPECT_TRUE(tabs->isTabVisible(2));
+    });
+    EXPECT_TRUE(messages.texts().isEmpty());
+}
+
+TEST_F(SandboxPageSetupDialog, AnUnknownPrinterIsNamedAndTheDefaultPrinterUsed)
+{
+    configure();
+    run(QStringLiteral("Plotter"), [&](QWidget *d) {
+        EXPECT_EQ(entries(child<QComboBox>(d, "cboPaperSize")),
+                  QStringList({"Letter 1", "Legal 5", "A4 9", "Executive 7", "Envelope #10 20", "Custom 256"}));
+        EXPECT_EQ(entries(child<QListWidget>(d, "lstPaperSource")),
+                  QStringList({"Upper Tray 1", "Lower Tray 2", "Manual Feed 4", "Envelope Feeder 5",
+                               "Automatically Select 7"}));
+    });
+    ASSERT_EQ(messages.messages().size(), 1);
+    EXPECT_EQ(messages.messages()[0].text, "The printer 'Plotter' is invalid. The default printer will be used.");
+    EXPECT_EQ(messages.messages()[0].icon, QMessageBox::Warning);
+}
+
+TEST_F(SandboxPageSetupDialog, AStandardPaperShowsItsSizeAndLocksItsFields)
+{
+    configure("<PaperSize>9</PaperSize><PaperWidth>3</PaperWidth><PaperHeight>4</PaperHeight>");
+    run(QStringLiteral("Office-Laser"), [&](QWidget *d) {
+        auto *paper = child<QComboBox>(d, "cboPaperSize");
+        auto *width = child<QLineEdit>(d, "txtPaperWidth");
+        auto *height = child<QLineEdit>(d, "txtPaperHeight");
+        // The stored A4 shows A4's size, not the stored numbers.
+        EXPECT_EQ(paper->currentText(), "A4");
+        EXPECT_EQ(width->text(), "8.264");
+        EXPECT_EQ(height->text(), "11.694");
+        choose(paper, QStringLiteral("Letter"));
+        EXPECT_EQ(width->text(), "8.5");
+        EXPECT_EQ(height->text(), "11");
+        for (const char *name : {"lblPaperWidth", "txtPaperWidth", "udPaperWidth", "lblPaperHeight",
+                                 "txtPaperHeight", "udPaperHeight"})
+            EXPECT_FALSE(child<QWidget>(d, name)->isEnabled()) << name;
+        choose(paper, QStringLiteral("Custom"));
+        EXPECT_EQ(width->text(), "8.5"); // kept, now editable
+        for (const char *name : {"lblPaperWidth", "txtPaperWidth", "udPaperWidth", "lblPaperHeight",
+                                 "txtPaperHeight", "udPaperHeight"})
+            EXPECT_TRUE(child<QWidget>(d, name)->isEnabled()) << name;
+        width->setText(QStringLiteral("5.5"));
+    });
+    const QStringList stored = saved(host.userFolder() + QStringLiteral("/Invoice.pcx"));
+    EXPECT_TRUE(stored.contains("PaperSize=256")) << stored.join(' ').toStdString();
+    EXPECT_TRUE(stored.contains("PaperWidth=5.5"));
+    EXPECT_TRUE(stored.contains("PaperHeight=11"));
+}
+
+TEST_F(SandboxPageSetupDialog, SpinnersKeysAndTheWheelStepTheirField)
+{
+    configure("<TopMargin>63.95</TopMargin><BottomMargin>0.6</BottomMargin>");
+    run(QStringLiteral("Office-Laser"), [&](QWidget *d) {
+        const auto step = [&](const char *spinner, const char *slot) {
+            ASSERT_TRUE(QMetaObject::invokeMethod(child<QWidget>(d, spinner), slot));
+        };
+        step("udTopMargin", "stepUp");
+        EXPECT_EQ(child<QLineEdit>(d, "txtTopMargin")->text(), "64");
+        child<QLineEdit>(d, "txtLeftMargin")->clear();
+        step("udLeftMargin", "stepUp");
+        EXPECT_EQ(child<QLineEdit>(d, "txtLeftMargin")->text(), "0.1");
+        step("udColumnsPerSheet", "stepDown");
+        EXPECT_EQ(child<QLineEdit>(d, "txtColumnsPerSheet")->text(), "1");
+        QTest::keyClick(child<QLineEdit>(d, "txtBottomMargin"), Qt::Key_Up);
+        EXPECT_EQ(child<QLineEdit>(d, "txtBottomMargin")->text(), "0.7");
+        QTest::keyClick(child<QLineEdit>(d, "txtBottomMargin"), Qt::Key_Down);
+        EXPECT_EQ(child<QLineEdit>(d, "txtBottomMargin")->text(), "0.6");
+        auto *right = child<QLineEdit>(d, "txtRightMargin");
+        QWheelEvent wheel(QPointF(5, 5), right->mapToGlobal(QPointF(5, 5)), QPoint(), QPoint(0, 120), Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(right, &wheel);
+        EXPECT_EQ(right->text(), "1.1");
+    });
+}
+
+TEST_F(SandboxPageSetupDialog, OkStoresWhatIsTypedAndKeepsTheLabelSheet)
+{
+    const QString file = configure("<LabelWidth>2.625</LabelWidth><ColumnsPerSheet>3</ColumnsPerSheet>"
+                                   "<PrintDirection>1</PrintDirection>");
+    EXPECT_TRUE(run(QStringLiteral("Office-Laser"), [&](QWidget *d) {
+        child<QLineEdit>(d, "txtTopMargin")->setText(QStringLiteral("100")); // beyond the spinner's 64
+        child<QRadioButton>(d, "optLandscape")->click();
+        child<QListWidget>(d, "lstPaperSource")->setCurrentRow(3);
+    }));
+    // Every element in the order it is written; the label sheet as it was read.
+    EXPECT_EQ(saved(file), QStringList({"LabelWidth=2.625", "ColumnsPerSheet=3", "PrintDirection=1",
+                                        "TopMargin=100", "BottomMargin=1", "LeftMargin=1", "RightMargin=1",
+                                        "Gutter=0", "MirrorMargins=0", "Orientation=1", "PaperSize=1",
+                                        "PaperWidth=8.5", "PaperHeight=11", "PaperSource=5",
+                                        "HorizontalGap=0.125", "VerticalGap=0", "LabelHeight=1"}));
+}
+
+TEST_F(SandboxPageSetupDialog, LeavingWithoutOkLeavesTheFileByteForByte)
+{
+    const QString file = configure("<TopMargin>.5</TopMargin>");
+    QFile original(file);
+    ASSERT_TRUE(original.open(QIODevice::ReadOnly));
+    const QByteArray before = original.readAll();
+    for (const auto &[way, leave] : WaysToCancel(QStringLiteral("txtTopMargin"))) {
+        EXPECT_FALSE(run(QStringLiteral("Office-Laser"),
+                         [&](QWidget *d) { child<QLineEdit>(d, "txtTopMargin")->setText(QStringLiteral("2")); },
+                         leave))
+            << way;
+        QFile after(file);
+        ASSERT_TRUE(after.open(QIODevice::ReadOnly));
+        EXPECT_EQ(after.readAll(), before) << way;
+    }
+}
+
+TEST_F(SandboxPageSetupDialog, PreviewsFollowTheFieldsAndTurnForLandscape)
+{
+    configure("<PaperSize>1</PaperSize>");
+    run(QStringLiteral("Office-Laser"), [&](QWidget *d) {
+        auto *tabs = child<QTabWidget>(d, "TabControl1");
+        const auto record = [&](const char *picture) { return child<PageSetupPicture>(d, picture)->record(); };
+        EXPECT_EQ(record("picPreview1").PaperWidth, 12240);
+        EXPECT_EQ(record("picPreview1").LeftMargin, 1440);
+        EXPECT_TRUE(record("picPreview1") == record("picPreview2"));
+        EXPECT_TRUE(record("picPreview1") == record("picPreview3"));
+        SaveScreenshot(d, QStringLiteral("page-setup-margins-portrait"));
+
+        child<QRadioButton>(d, "optLandscape")->click();
+        EXPECT_EQ(record("picPreview1").PaperWidth, 15840);
+        EXPECT_EQ(record("picPreview1").PaperHeight, 12240);
+        EXPECT_EQ(child<QWidget>(d, "picLandscape")->palette().color(QPalette::Window), QColor(0xE7E2C9));
+        EXPECT_EQ(child<QWidget>(d, "picPortrait")->palette().color(QPalette::Window), QColor(0xF5F5F5));
+        Settle();
+        SaveScreenshot(d, QStringLiteral("page-setup-margins-landscape"));
+
+        child<QLineEdit>(d, "txtTopMargin")->setText(QStringLiteral("64"));
+        RecordingPreviewSurface surface(2880, 3600);
+        DrawPageSetupPreview(record("picPreview1"), surface);
+        QStringList texts;
+        for (const DrawnText &text : surface.texts)
+            texts << text.text;
+        EXPECT_TRUE(texts.contains("Invalid Settings")) << texts.join('|').toStdString();
+        Settle();
+        SaveScreenshot(d, QStringLiteral("page-setup-margins-invalid"));
+
+        child<QLineEdit>(d, "txtTopMargin")->setText(QStringLiteral("1"));
+        child<QRadioButton>(d, "optPortrait")->click();
+        tabs->setCurrentIndex(1);
+        choose(child<QComboBox>(d, "cboPaperSize"), QStringLiteral("Custom"));
+        child<QLineEdit>(d, "txtPaperWidth")->setText(QStringLiteral("4"));
+        child<QLineEdit>(d, "txtPaperHeight")->setText(QStringLiteral("6"));
+        EXPECT_EQ(record("picPreview2").PaperWidth, 5760);
+        Settle();
+        SaveScreenshot(d, QStringLiteral("page-setup-paper-custom"));
+        tabs->setCurrentIndex(2);
+        Settle();
+        SaveScreenshot(d, QStringLiteral("page-setup-label-layout"));
+    });
+}
+
+// A printer information with the given printers and default, no sizes or bins.
+struct Printers final : PrinterInfo {
+    QStringList names;
+    QString defaultName;
+    QStringList printerNames() const override { return names; }
+    QString defaultPrinterName() const override { return defaultName; }
+    QList<PaperSizeInfo> paperSizes(const QString &) const override { return {}; }
+    QList<PaperBinInfo> paperBins(const QString &) const override { return {}; }
+    int currentPaperSize(const QString &) const override { return 0; }
+    int currentPaperBin(const QString &) const override { return 0; }
+};
+
+TEST_F(PageSetupDialog, WithoutAPrinterToUseItRefusesWithoutShowingItself)
+{
+    struct Case {
+        QStringList printers;
+        QString defaultPrinter;
+        QString given;
+        QStringList expected;
+        QList<QMessageBox::Icon> icons;
+    };
+    const QString none = QStringLiteral("No printers have been setup on this computer. You must setup at least one "
+                                        "printer in order to configure page settings.");
+    const QString noDefault = QStringLiteral(
+        "Unable to perform page setup. Make sure a valid default printer is setup on this computer and that the "
+        "print spooler service is running. (1)");
+    const Case cases[] = {
+        {{}, {}, QStringLiteral("Office"), {none}, {QMessageBox::Warning}},
+        {{QStringLiteral("Office")}, {}, {}, {noDefault}, {QMessageBox::Critical}},
+        {{QStringLiteral("Office")},
+         QStringLiteral("Gone"),
+         QStringLiteral("Plotter"),
+         {QStringLiteral("The printer 'Plotter' is invalid. The default printer will be used."), noDefault},
+         {QMessageBox::Warning, QMessageBox::Critical}},
+    };
+    const QString file = configure();
+    for (const Case &c : cases) {
+        auto printers = std::make_unique<Printers>();
+        printers->names = c.printers;
+        printers->defaultName = c.defaultPrinter;
+        SetPrinterInfo(std::move(printers));
+        MessageRecorder recorder;
+        EXPECT_FALSE(store->ShowPageSetup(QStringLiteral("Invoice"), c.given));
+        EXPECT_EQ(recorder.texts(), c.expected);
+        for (int i = 0; i < recorder.messages().size() && i < c.icons.size(); ++i)
+            EXPECT_EQ(recorder.messages()[i].icon, c.icons[i]);
+        for (QWidget *window : QApplication::topLevelWidgets())
+            EXPECT_NE(window->objectName(), "frmPageSetup");
+    }
+}
+
+TEST_F(PageSetupDialog, WithoutSizesOrBinsOffersCustomAndNoSource)
+{
+    auto printers = std::make_unique<Printers>();
+    printers->names = {QStringLiteral("Bare")};
+    printers->defaultName = QStringLiteral("Bare");
+    SetPrinterInfo(std::move(printers));
+    const QString file = configure("<PaperSize>1</PaperSize><PaperWidth>3</PaperWidth>");
+    EXPECT_TRUE(run({}, [&](QWidget *d) {
+        // The stored code is not offered: the first entry, a custom size with the stored width.
+        EXPECT_EQ(entries(child<QComboBox>(d, "cboPaperSize")), QStringList({"Custom 256"}));
+        EXPECT_EQ(child<QComboBox>(d, "cboPaperSize")->currentIndex(), 0);
+        EXPECT_EQ(child<QLineEdit>(d, "txtPaperWidth")->text(), "3");
+        EXPECT_EQ(child<QListWidget>(d, "lstPaperSource")->count(), 0);
+    }));
+    EXPECT_TRUE(saved(file).contains("PaperSize=256"));
+}
+
+} // namespace
+} // namespace bravcpl5::test
