@@ -19,26 +19,27 @@ namespace {
 
 // The configuration to print with: the only one, the first when nobody can choose
 // (offscreen, as in the tour), else the user's choice; "" when cancelled or none.
-QString chooseConfiguration(MainWindow &window, QStringList names)
+QString chooseConfiguration(MainWindow &window, const QString &title)
 {
+    QObject *store = late::object(window.library(), "PrinterConfigurations");
+    QStringList names = late::value(store, "GetPrinterConfigurations", {true}).toStringList();
     names.removeAll(QString());
     if (names.size() <= 1 || QGuiApplication::platformName() == QLatin1String("offscreen"))
         return names.value(0);
     bool ok = false;
-    const QString name = QInputDialog::getItem(&window, QStringLiteral("Print a Test Page"),
-                                               QStringLiteral("Printer configuration:"), names, 0, false, &ok);
+    const QString name = QInputDialog::getItem(&window, title, QStringLiteral("Printer configuration:"), names, 0,
+                                               false, &ok);
     return ok ? name : QString();
 }
 
-void printTestPage(MainWindow &window)
+void printTestPage(MainWindow &window, const QString &name)
 {
-    // Through the published names only, as the host's reports would.
-    QObject *store = late::object(window.library(), "PrinterConfigurations");
-    const QString name = chooseConfiguration(window, late::value(store, "GetPrinterConfigurations", {true}).toStringList());
     if (name.isEmpty()) {
         window.log(QStringLiteral("Test page: no printer configuration to print with"));
         return;
     }
+    // Through the published names only, as the host's reports would.
+    QObject *store = late::object(window.library(), "PrinterConfigurations");
     ReferenceReport report;
     report.setDocumentName(QStringLiteral("Test page - %1").arg(name));
     late::call(store, "SetupPageFromPrinterConfiguration", {name, QVariant::fromValue<QObject *>(&report), false});
@@ -62,12 +63,33 @@ void printTestPage(MainWindow &window)
         window.log(QStringLiteral("  changed for the printer: %1").arg(change));
 }
 
+// The page setup dialog on a configuration, then a test page with what it now holds.
+void pageSetup(MainWindow &window)
+{
+    const QString name = chooseConfiguration(window, QStringLiteral("Page Setup"));
+    if (name.isEmpty()) {
+        window.log(QStringLiteral("Page setup: no printer configuration to set up"));
+        return;
+    }
+    QObject *store = late::object(window.library(), "PrinterConfigurations");
+    const QString printer = late::value(store, "GetPrinterForConfiguration", {name, true}).toString();
+    const bool confirmed = late::value(store, "ShowPageSetup", {name, printer}).toBool();
+    window.log(QStringLiteral("ShowPageSetup(\"%1\", \"%2\") = %3").arg(name, printer, confirmed ? "True" : "False"));
+    if (confirmed)
+        printTestPage(window, name);
+}
+
 } // namespace
 
 void addPrintingMenu(MainWindow &window)
 {
     QMenu *menu = window.addSubsystemMenu(QStringLiteral("&Printing"));
+    QAction *setup = menu->addAction(QStringLiteral("Page &Setup..."));
+    QObject::connect(setup, &QAction::triggered, &window, [&window]() { pageSetup(window); });
+    window.addTourAction(setup, QStringLiteral("printing-page-setup"));
     QAction *testPage = menu->addAction(QStringLiteral("Print a test page with a configuration..."));
-    QObject::connect(testPage, &QAction::triggered, &window, [&window]() { printTestPage(window); });
+    QObject::connect(testPage, &QAction::triggered, &window, [&window]() {
+        printTestPage(window, chooseConfiguration(window, QStringLiteral("Print a Test Page")));
+    });
     window.addTourAction(testPage, QStringLiteral("printing-test-page"));
 }

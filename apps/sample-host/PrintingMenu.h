@@ -2,5 +2,6 @@
 
 class MainWindow;
 
-// The printing menu: prints a test page with a printer configuration.
+// The printing menu: the page setup of a printer configuration, and a test page printed
+// with one.
 void addPrintingMenu(MainWindow &window);

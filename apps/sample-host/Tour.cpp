@@ -7,6 +7,7 @@
 #include <QDialog>
 #include <QDir>
 #include <QPixmap>
+#include <QTabWidget>
 #include <QTimer>
 
 namespace {
@@ -14,6 +15,21 @@ namespace {
 bool save(QWidget *widget, const QString &outputFolder, const QString &name)
 {
     return widget->grab().save(QDir(outputFolder).filePath(name + QStringLiteral(".png")));
+}
+
+// A dialog as it opened, then each further tab of its tab control as <name>-<tab>.
+bool saveDialog(QWidget *dialog, const QString &outputFolder, const QString &name)
+{
+    bool saved = save(dialog, outputFolder, name);
+    if (auto *tabs = dialog->findChild<QTabWidget *>()) {
+        for (int i = 1; i < tabs->count(); ++i) {
+            tabs->setCurrentIndex(i);
+            QApplication::processEvents();
+            const QString tab = tabs->tabText(i).remove(QLatin1Char('&')).toLower().replace(QLatin1Char(' '), QLatin1Char('-'));
+            saved = save(dialog, outputFolder, name + QLatin1Char('-') + tab) && saved;
+        }
+    }
+    return saved;
 }
 
 } // namespace
@@ -33,7 +49,7 @@ int RunTour(MainWindow &window, const QString &outputFolder)
             if (!modal)
                 return;
             watcher.stop();
-            if (!save(modal, outputFolder, step.screenshotName))
+            if (!saveDialog(modal, outputFolder, step.screenshotName))
                 ++failures;
             if (auto *dialog = qobject_cast<QDialog *>(modal))
                 dialog->reject();

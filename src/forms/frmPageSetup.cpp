@@ -102,7 +102,9 @@ bool frmPageSetup::Open(const QString &configuration, const QString &printerName
     setOwner(store ? store->owner() : nullptr);
     m_configuration = configuration;
 
-    if (m_info.printerNames().isEmpty()) {
+    // The installed printers are asked for once; the dialog keeps its choice for its lifetime.
+    m_printerNames = m_info.printerNames();
+    if (m_printerNames.isEmpty()) {
         ShowMessage(QStringLiteral("No printers have been setup on this computer. You must setup at least "
                                    "one printer in order to configure page settings."),
                     QMessageBox::Warning, QMessageBox::Ok, parentWidget());
@@ -110,7 +112,7 @@ bool frmPageSetup::Open(const QString &configuration, const QString &printerName
     }
     if (!printerName.isEmpty()) {
         if (IsValidPrinter(printerName))
-            m_printer = FindPrinter(m_info, printerName);
+            m_printer = installedName(printerName);
         else
             ShowMessage(QStringLiteral("The printer '") + printerName +
                             QStringLiteral("' is invalid. The default printer will be used."),
@@ -125,7 +127,7 @@ bool frmPageSetup::Open(const QString &configuration, const QString &printerName
                         QMessageBox::Critical, QMessageBox::Ok, parentWidget());
             return false;
         }
-        m_printer = FindPrinter(m_info, systemPrinter);
+        m_printer = installedName(systemPrinter);
     }
 
     m_loading = true;
@@ -142,9 +144,15 @@ bool frmPageSetup::Open(const QString &configuration, const QString &printerName
     return true;
 }
 
-bool frmPageSetup::IsValidPrinter(const QString &name) const
+bool frmPageSetup::IsValidPrinter(const QString &name) const { return !installedName(name).isEmpty(); }
+
+QString frmPageSetup::installedName(const QString &name) const
 {
-    return !name.isEmpty() && !FindPrinter(m_info, name).isEmpty();
+    for (const QString &printer : m_printerNames) {
+        if (printer.compare(name, Qt::CaseInsensitive) == 0)
+            return printer;
+    }
+    return QString();
 }
 
 void frmPageSetup::FillPaperSizes()

@@ -42,6 +42,8 @@ public:
 
 private:
     bool IsValidPrinter(const QString &name) const;
+    // The installed printer's own spelling of `name`, found without regard to case; "" when none.
+    QString installedName(const QString &name) const;
     void FillPaperSizes();
     void FillPaperSources();
     void cboPaperSize_Click();
@@ -66,6 +68,7 @@ private:
     const PrinterInfo &m_info;
     QPointer<PrinterConfigurations> m_store;
     QString m_configuration;
+    QStringList m_printerNames;
     QString m_printer;
     QList<PaperSizeInfo> m_paperSizes;
     bool m_loading = false;
