@@ -5,9 +5,12 @@
 
 #include "forms/frmGeneralReportFilters.h"
 #include "forms/frmGeneralReportFonts.h"
+#include "forms/frmPrinterConfigurations.h"
 #include "layout/ReportLayout.h"
 #include "library/Library.h"
 #include "library/Registry.h"
+#include "printing/PrinterConfigurations.h"
+#include "support/TestHost.h"
 
 #include "database/SampleData.h"
 #include "filters/DatabaseHost.h"
@@ -177,6 +180,67 @@ void BM_VendorChoices(benchmark::State &state)
         benchmark::DoNotOptimize(FillFilterChoices(&setting.host, QStringLiteral("vendor"), 1));
 }
 BENCHMARK(BM_VendorChoices)->Arg(100000)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+// A settings tree with `count` configurations, half shared and half the user's, each with
+// a printer of its own.
+struct Configurations {
+    explicit Configurations(int count)
+    {
+        library.Initialize(&host);
+        PrinterConfigurations *store = library.printerConfigurations();
+        for (int i = 0; i < count; ++i) {
+            const QString name = QStringLiteral("Configuration %1").arg(i, 4, 10, QLatin1Char('0'));
+            const bool shared = i % 2 == 0;
+            const QByteArray xml = "<PrinterConfiguration><Identification><System>" +
+                                   QByteArray(shared ? "1" : "0") +
+                                   "</System></Identification><PageSetup/></PrinterConfiguration>";
+            shared ? host.writeSystemFile(name + QStringLiteral(".pcx"), xml)
+                   : host.writeUserFile(name + QStringLiteral(".pcx"), xml);
+            store->SetPrinterForConfiguration(name, QStringLiteral("Printer %1").arg(i % 7));
+        }
+    }
+    ~Configurations() { library.PreTerminate(); }
+
+    test::TestHost host;
+    Library library;
+};
+
+void BM_OpenPrinterConfigurations(benchmark::State &state)
+{
+    Configurations setting(int(state.range(0)));
+    for (auto _ : state) {
+        frmPrinterConfigurations form;
+        form.SetUp(&setting.library);
+        auto *grid = form.findChild<QTreeWidget *>(QStringLiteral("rptPrinters"));
+        untilRowsPainted(form, grid);
+        state.counters["rows"] = double(grid->topLevelItemCount());
+        state.PauseTiming();
+        form.close();
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(BM_OpenPrinterConfigurations)->Arg(1000)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+// A rename in place, to the list shown again with the renamed row.
+void BM_RenameConfiguration(benchmark::State &state)
+{
+    Configurations setting(int(state.range(0)));
+    frmPrinterConfigurations form;
+    form.SetUp(&setting.library);
+    auto *grid = form.findChild<QTreeWidget *>(QStringLiteral("rptPrinters"));
+    untilRowsPainted(form, grid);
+    int round = 0;
+    for (auto _ : state) {
+        // A user configuration, renamed back and forth.
+        QTreeWidgetItem *item = grid->topLevelItem(1);
+        const QString name = item->text(0);
+        item->setText(0, name.endsWith(QLatin1Char('x')) ? name.chopped(1) : name + QLatin1Char('x'));
+        benchmark::DoNotOptimize(grid->topLevelItemCount());
+        ++round;
+    }
+    state.counters["renames"] = round;
+}
+BENCHMARK(BM_RenameConfiguration)->Arg(1000)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 } // namespace
 

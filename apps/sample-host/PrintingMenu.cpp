@@ -84,6 +84,12 @@ void pageSetup(MainWindow &window)
 void addPrintingMenu(MainWindow &window)
 {
     QMenu *menu = window.addSubsystemMenu(QStringLiteral("&Printing"));
+    QAction *configurations = menu->addAction(QStringLiteral("Printer &Configurations..."));
+    QObject::connect(configurations, &QAction::triggered, &window, [&window]() {
+        late::call(window.library(), "ShowPrinterConfigurations");
+        window.log(QStringLiteral("ShowPrinterConfigurations()"));
+    });
+    window.addTourAction(configurations, QStringLiteral("printing-printer-configurations"));
     QAction *setup = menu->addAction(QStringLiteral("Page &Setup..."));
     QObject::connect(setup, &QAction::triggered, &window, [&window]() { pageSetup(window); });
     window.addTourAction(setup, QStringLiteral("printing-page-setup"));
@@ -92,4 +98,13 @@ void addPrintingMenu(MainWindow &window)
         printTestPage(window, chooseConfiguration(window, QStringLiteral("Print a Test Page")));
     });
     window.addTourAction(testPage, QStringLiteral("printing-test-page"));
+
+    QMenu *library = window.addSubsystemMenu(QStringLiteral("&Library"));
+    QAction *verify = library->addAction(QStringLiteral("&Verify printer configurations"));
+    QObject::connect(verify, &QAction::triggered, &window, [&window]() {
+        QObject *store = late::object(window.library(), "PrinterConfigurations");
+        const bool verified = late::value(store, "VerifyPrinterConfigurations", {true, true}).toBool();
+        window.log(QStringLiteral("VerifyPrinterConfigurations(True, True) = %1").arg(verified ? "True" : "False"));
+    });
+    window.addTourAction(verify, QStringLiteral("library-verify-printer-configurations"));
 }

@@ -2,6 +2,6 @@
 
 class MainWindow;
 
-// The printing menu: the page setup of a printer configuration, and a test page printed
-// with one.
+// The printing menu: the printer configurations, the page setup of one, and a test page
+// printed with one; and the check of the printer configurations in the library menu.
 void addPrintingMenu(MainWindow &window);

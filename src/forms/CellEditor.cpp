@@ -1,9 +1,11 @@
 #include "forms/CellEditor.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QListView>
+#include <QPainter>
 #include <QProxyStyle>
 #include <QStringListModel>
 #include <QTimer>
@@ -120,6 +122,27 @@ void CellEditor::setModelData(QWidget *editor, QAbstractItemModel *, const QMode
     }
     else if (auto *field = qobject_cast<QLineEdit *>(editor))
         emit const_cast<CellEditor *>(this)->edited(index, field->text());
+}
+
+void CellEditor::paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const
+{
+    QStyledItemDelegate::paint(painter, option, index);
+    const QString hint = index.data(GridHintRole).toString();
+    if (hint.isEmpty() || !index.data(Qt::DisplayRole).toString().isEmpty())
+        return;
+    QStyleOptionViewItem cell = option;
+    initStyleOption(&cell, index);
+    const QWidget *widget = cell.widget;
+    QStyle *style = widget ? widget->style() : QApplication::style();
+    const QRect text = style->subElementRect(QStyle::SE_ItemViewItemText, &cell, widget);
+    const int margin = style->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, widget) + 1;
+    painter->save();
+    painter->setPen(cell.palette.color(cell.state & QStyle::State_Selected ? QPalette::HighlightedText
+                                                                             : QPalette::PlaceholderText));
+    painter->setFont(cell.font);
+    painter->drawText(text.adjusted(margin, 0, -margin, 0), Qt::AlignVCenter | Qt::AlignLeft,
+                      cell.fontMetrics.elidedText(hint, Qt::ElideRight, text.width() - 2 * margin));
+    painter->restore();
 }
 
 QSize CellEditor::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const

@@ -8,12 +8,16 @@
 //
 // Cells are drawn by Qt's item delegate, so a cell's own font (Qt::FontRole) and colour
 // (Qt::ForegroundRole) show as they are; a row's Qt::SizeHintRole, when set, is its height.
+// An empty cell with a GridHintRole text shows that text muted, as a line edit shows its
+// placeholder; the cell's own text stays empty.
 
 #include <QStringList>
 #include <QStyledItemDelegate>
 #include <functional>
 
 namespace bravcpl5 {
+
+inline constexpr int GridHintRole = Qt::UserRole + 0x100;
 
 // How one cell is edited. A list's choices are asked for only when its editor opens, so
 // that deciding what a cell is stays cheap (a list may come from the host's database).
@@ -48,6 +52,7 @@ public:
     // Rows a little taller than their text, so that an open editor fits its row, unless the
     // row sets its own height.
     QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
+    void paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override;
 
 signals:
     void edited(const QModelIndex &index, const QString &text);

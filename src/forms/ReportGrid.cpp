@@ -97,6 +97,7 @@ CellEditor::CellRule EditColumnAsText(int column)
 
 void ShowGridRows(QTreeWidget *grid, const QList<QTreeWidgetItem *> &rows, int column)
 {
+    grid->clear();
     grid->addTopLevelItems(rows);
     const int available = grid->viewport()->width();
     grid->resizeColumnToContents(0);

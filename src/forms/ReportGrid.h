@@ -32,9 +32,9 @@ CellEditor *SetupReportGrid(QTreeWidget *grid, GridSetup setup);
 // A rule for the simplest grid: one column edited as text, every other cell read-only.
 CellEditor::CellRule EditColumnAsText(int column);
 
-// Shows `rows` in the grid, widens the first column to its captions (within a third and
-// two thirds of the list, the rest going to the last column) and puts the current cell on
-// the first row's `column`, ready for the keyboard.
+// Shows `rows` in the grid in place of what it showed, widens the first column to its
+// captions (within a third and two thirds of the list, the rest going to the last column)
+// and puts the current cell on the first row's `column`, ready for the keyboard.
 void ShowGridRows(QTreeWidget *grid, const QList<QTreeWidgetItem *> &rows, int column);
 
 } // namespace bravcpl5

@@ -2,18 +2,7 @@
 
 #include "library/HostContract.h"
 
-#include <QFileInfo>
-
 namespace bravcpl5 {
-
-QString PathInFolder(const QString &folder, const QString &fileName)
-{
-    if (folder.endsWith(u'/') || folder.endsWith(u'\\'))
-        return folder + fileName;
-    return folder + u'/' + fileName;
-}
-
-bool FileExists(const QString &path) { return !path.isEmpty() && QFileInfo(path).isFile(); }
 
 QString ResolveReportsFile(QObject *host, const QString &fileName, bool forceUser)
 {

@@ -3,6 +3,8 @@
 // Where the layout and fonts settings files are found: the user's "Reports" folder before
 // the shared one, as the host names them (library/HostContract.h).
 
+#include "library/FileOperations.h"
+
 #include <QObject>
 #include <QString>
 
@@ -11,10 +13,6 @@ namespace bravcpl5 {
 inline constexpr auto generalReportFontsFileName = "General Report Fonts.fox";
 inline constexpr auto processReportFontsFileName = "Process Report Fonts.fox";
 inline constexpr auto generalReportLayoutFileName = "General Report Layout.lyx";
-
-// `folder` with a trailing separator ensured, then `fileName`.
-QString PathInFolder(const QString &folder, const QString &fileName);
-bool FileExists(const QString &path);
 
 // The user copy of `fileName` when it exists, or its user path whenever `forceUser` is set
 // (where a dialog creates it); else the shared copy when it exists; else "". A folder the

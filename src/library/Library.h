@@ -45,6 +45,10 @@ public:
     // confirmed it with OK (the sizes are then saved), false for Cancel or the close box.
     // Defined beside its dialog, in forms/frmGeneralReportFields.cpp.
     Q_INVOKABLE bool ShowGeneralReportFields(const QString &ConfigurationFile);
+    // The printer configurations dialog: every configuration with its printer on this
+    // machine, renamed, copied, deleted and set up there. Defined beside its dialog, in
+    // forms/frmPrinterConfigurations.cpp.
+    Q_INVOKABLE void ShowPrinterConfigurations();
 
 private:
     template <typename T> T *service(QPointer<T> &field);

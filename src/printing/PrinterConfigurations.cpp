@@ -9,6 +9,7 @@
 #include "printing/ReportContract.h"
 #include "printing/PageSetupToReport.h"
 
+#include <QHash>
 #include <QSet>
 
 namespace bravcpl5 {
@@ -93,6 +94,26 @@ QStringList PrinterConfigurations::GetPrinterConfigurations(bool NamesOnly)
     list.reserve(1 + systemFiles.size() + userFiles.size());
     appendConfigurations(system, systemFiles, NamesOnly, list, listed);
     appendConfigurations(user, userFiles, NamesOnly, list, listed);
+    return list;
+}
+
+QList<PrinterConfigurations::NamedFile> PrinterConfigurations::configurationFiles()
+{
+    // The first file of each name in listing order, the user's before the shared one, as
+    // GetPrinterConfigurationFileFromName finds them.
+    QHash<QString, QString> files;
+    for (const QString &folder : {userFolder(), systemFolder()}) {
+        for (const QString &file : ListConfigurationFiles(folder)) {
+            const QString key = ConfigurationName(file).toUpper();
+            if (!files.contains(key))
+                files.insert(key, ConfigurationPath(folder, file));
+        }
+    }
+    QList<NamedFile> list;
+    for (const QString &name : GetPrinterConfigurations(true)) {
+        if (!name.isEmpty())
+            list.append({name, files.value(name.toUpper())});
+    }
     return list;
 }
 

@@ -52,6 +52,15 @@ public:
     // the dialog, in forms/frmPageSetup.cpp.
     Q_INVOKABLE bool ShowPageSetup(const QString &PrinterConfiguration, const QString &PrinterName = QString());
 
+    // Every configuration of GetPrinterConfigurations with the file lookups by name use
+    // (GetPrinterConfigurationFileFromName), each folder listed once: for lists of every
+    // configuration, where a lookup per name would list the folders once per row.
+    struct NamedFile {
+        QString name;
+        QString file;
+    };
+    QList<NamedFile> configurationFiles();
+
 private:
     QString systemFolder() const;
     QString userFolder() const;

@@ -161,7 +161,11 @@ TEST_F(LayoutDialog, ManageRefillsTheConfigurationsKeepingTheChoice)
 {
     const QString own = host.writeSystemFile(QStringLiteral("Own.lyx"), systemLayout);
     run(own, [&](QWidget *d) {
-        host.writeSystemFile(QStringLiteral("Added.pcx"), "<PrinterConfiguration/>");
+        // A configuration added while the printer configurations dialog is open.
+        test::WhenModal(QStringLiteral("frmPrinterConfigurations"), [&](QWidget *configurationsDialog) {
+            host.writeSystemFile(QStringLiteral("Added.pcx"), "<PrinterConfiguration/>");
+            configurationsDialog->close();
+        });
         emit child<QLabel>(d, "lblManagePrinterConfigurations")->linkActivated(QStringLiteral("manage"));
         auto *configurations = child<QComboBox>(d, "cboCustomPrinterConfiguration");
         EXPECT_GE(configurations->findText("Added"), 0);

@@ -1,0 +1,308 @@
+#include "forms/frmPrinterConfigurations.h"
+
+#include "ui_frmPrinterConfigurations.h"
+
+#include "forms/ReportGrid.h"
+#include "library/FileOperations.h"
+#include "library/HostContract.h"
+#include "library/Library.h"
+#include "library/Messages.h"
+#include "library/Xml.h"
+#include "printing/PrinterConfigurations.h"
+#include "printing/PrinterInfo.h"
+#include "printing/SystemPrinters.h"
+
+#include <QAction>
+#include <QStyle>
+
+namespace bravcpl5 {
+
+namespace {
+
+enum Column { NameColumn, PrinterColumn, FileColumn };
+
+QTreeWidgetItem *rowItem(const ConfigurationRow &row, const QString &defaultHint, const QIcon &shared)
+{
+    auto *item = new QTreeWidgetItem({row.name, row.printer, row.file});
+    item->setFlags(item->flags() | Qt::ItemIsEditable);
+    if (row.printer.isEmpty())
+        item->setData(PrinterColumn, GridHintRole, defaultHint);
+    // Shared configurations are marked, their texts left as they are.
+    if (row.system) {
+        item->setIcon(FileColumn, shared);
+        item->setToolTip(FileColumn, QStringLiteral("Shared by everyone who uses this computer's settings"));
+    }
+    return item;
+}
+
+} // namespace
+
+frmPrinterConfigurations::frmPrinterConfigurations(QWidget *parent)
+    : ModalForm(parent, false, Placement::Remembered), ui(std::make_unique<Ui::frmPrinterConfigurations>())
+{
+    ui->setupUi(this);
+
+    for (ConfigurationCommand command : PrinterBarCommands()) {
+        auto *action = new QAction(CommandCaption(command), this);
+        action->setData(int(command));
+        connect(action, &QAction::triggered, this, [this, command]() { runCommand(command); });
+        m_commands.append(action);
+    }
+    ui->CommandBarsFrame1->addActions(m_commands);
+    ui->rptPrinters->addActions(m_commands);
+
+    CellEditor *editor = SetupReportGrid(
+        ui->rptPrinters, {NameColumn, [](const QModelIndex &index) {
+                              switch (index.column()) {
+                              case NameColumn:
+                                  return GridCell::text();
+                              case PrinterColumn:
+                                  // This machine's printers as they are when the list opens.
+                                  return GridCell::list([]() { return CurrentPrinterInfo().printerNames(); });
+                              default:
+                                  return GridCell::readOnly();
+                              }
+                          }});
+    // Applied once the editor has closed: a rename reloads the whole list.
+    connect(
+        editor, &CellEditor::edited, this,
+        [this](const QModelIndex &index, const QString &text) {
+            if (QTreeWidgetItem *item = ui->rptPrinters->topLevelItem(index.row()))
+                item->setText(index.column(), text);
+        },
+        Qt::QueuedConnection);
+    connect(ui->rptPrinters, &QTreeWidget::itemChanged, this, &frmPrinterConfigurations::rptPrinters_AfterEdit);
+    connect(ui->rptPrinters, &QTreeWidget::itemSelectionChanged, this, &frmPrinterConfigurations::UpdateCommands);
+    connect(ui->cmdPageSetup, &QPushButton::clicked, this, &frmPrinterConfigurations::cmdPageSetup_Click);
+    connect(ui->cmdCopy, &QPushButton::clicked, this, &frmPrinterConfigurations::cmdCopy_Click);
+    connect(ui->cmdClose, &QPushButton::clicked, this, &QDialog::accept);
+    connect(ui->lblShowPrinters, &QLabel::linkActivated, this, &frmPrinterConfigurations::lblShowPrinters_Click);
+    UpdateCommands();
+}
+
+frmPrinterConfigurations::~frmPrinterConfigurations() = default;
+
+void frmPrinterConfigurations::SetUp(Library *owner)
+{
+    setOwner(owner);
+    m_store = owner ? owner->printerConfigurations() : nullptr;
+}
+
+void frmPrinterConfigurations::firstActivation() { LoadList(); }
+
+void frmPrinterConfigurations::LoadList()
+{
+    const int selected = selectedRow();
+    const QString current = selected >= 0 ? m_rows[selected].name : QString();
+    m_rows.clear();
+    if (m_store) {
+        for (const PrinterConfigurations::NamedFile &configuration : m_store->configurationFiles()) {
+            ConfigurationRow row;
+            row.name = configuration.name;
+            row.printer = m_store->GetPrinterForConfiguration(configuration.name, true);
+            row.file = configuration.file;
+            row.system = m_store->PrinterConfigurationIsSystem(row.file);
+            m_rows.append(row);
+        }
+    }
+    // An empty printer cell prints with the default printer, when there is one.
+    const bool hasDefault =
+        m_store && !m_store->GetPrinterForConfiguration(QString::fromLatin1(DefaultPrinterValueName)).isEmpty();
+    const QString hint = hasDefault ? QStringLiteral("uses the default printer") : QString();
+    const QIcon shared = style()->standardIcon(QStyle::SP_DriveNetIcon);
+    QList<QTreeWidgetItem *> items;
+    for (const ConfigurationRow &row : std::as_const(m_rows))
+        items.append(rowItem(row, hint, shared));
+    m_loading = true;
+    ShowGridRows(ui->rptPrinters, items, NameColumn);
+    ui->rptPrinters->resizeColumnToContents(PrinterColumn);
+    m_loading = false;
+    if (!current.isEmpty())
+        selectConfiguration(current);
+    UpdateCommands();
+}
+
+void frmPrinterConfigurations::UpdateCommands()
+{
+    const int row = selectedRow();
+    const ConfigurationRow *selected = row >= 0 ? &m_rows[row] : nullptr;
+    for (QAction *action : std::as_const(m_commands))
+        action->setEnabled(IsCommandEnabled(ConfigurationCommand(action->data().toInt()), selected));
+    ui->cmdPageSetup->setEnabled(IsCommandEnabled(ConfigurationCommand::PageSetup, selected));
+    ui->cmdCopy->setEnabled(IsCommandEnabled(ConfigurationCommand::Copy, selected));
+}
+
+void frmPrinterConfigurations::runCommand(ConfigurationCommand command)
+{
+    switch (command) {
+    case ConfigurationCommand::Refresh:
+        LoadList();
+        break;
+    case ConfigurationCommand::PrinterProperties:
+        showPrinterProperties();
+        break;
+    case ConfigurationCommand::PageSetup:
+        cmdPageSetup_Click();
+        break;
+    case ConfigurationCommand::Delete:
+        deleteConfiguration();
+        break;
+    case ConfigurationCommand::Copy:
+        cmdCopy_Click();
+        break;
+    }
+}
+
+void frmPrinterConfigurations::rptPrinters_AfterEdit(QTreeWidgetItem *item, int column)
+{
+    if (m_loading)
+        return;
+    const int row = ui->rptPrinters->indexOfTopLevelItem(item);
+    if (row < 0 || row >= m_rows.size())
+        return;
+    if (column == NameColumn)
+        renameConfiguration(row, item->text(NameColumn));
+    else if (column == PrinterColumn)
+        assignPrinter(row, item->text(PrinterColumn));
+}
+
+void frmPrinterConfigurations::renameConfiguration(int row, const QString &name)
+{
+    const ConfigurationRow old = m_rows[row];
+    if (name == old.name)
+        return;
+    // Refused names never reach the file system.
+    if (const NameRefusal refusal = CheckConfigurationName(name); refusal != NameRefusal::None) {
+        restoreCell(row, NameColumn);
+        ShowMessage(RenameRefusalMessage(refusal, name), QMessageBox::Warning, QMessageBox::Ok, this);
+        return;
+    }
+    const QString target = RenameTarget(old.file, name);
+    if (FileExists(target)) {
+        restoreCell(row, NameColumn);
+        ShowMessage(RenameExistsMessage(target), QMessageBox::Warning, QMessageBox::Ok, this);
+        return;
+    }
+    if (!MoveFile(old.file, target)) {
+        restoreCell(row, NameColumn);
+        return;
+    }
+    // The old name's printer goes with it; the old name's value stays in the registry.
+    if (m_store && !old.printer.isEmpty())
+        m_store->SetPrinterForConfiguration(name, old.printer);
+    LoadList();
+    selectConfiguration(name);
+}
+
+void frmPrinterConfigurations::assignPrinter(int row, const QString &printer)
+{
+    if (!m_store || printer == m_rows[row].printer)
+        return;
+    m_store->SetPrinterForConfiguration(m_rows[row].name, printer);
+    m_rows[row].printer = printer;
+    if (QTreeWidgetItem *item = ui->rptPrinters->topLevelItem(row))
+        item->setData(PrinterColumn, GridHintRole, QVariant());
+    UpdateCommands();
+}
+
+void frmPrinterConfigurations::cmdPageSetup_Click()
+{
+    const int row = selectedRow();
+    if (row < 0 || !m_store || !IsCommandEnabled(ConfigurationCommand::PageSetup, &m_rows[row]))
+        return;
+    m_store->ShowPageSetup(m_rows[row].name, m_rows[row].printer);
+}
+
+void frmPrinterConfigurations::cmdCopy_Click()
+{
+    const int row = selectedRow();
+    if (row < 0 || !IsCommandEnabled(ConfigurationCommand::Copy, &m_rows[row]))
+        return;
+    const ConfigurationRow source = m_rows[row];
+    const QString target = CopyTarget(source.file, host::userFileLocation(host()), FileExists);
+    if (target.isEmpty() || !CopyFile(source.file, target))
+        return;
+    // The copy belongs to the user, whatever the original was.
+    if (const XmlDocumentPtr copy = LoadXmlFile(target)) {
+        if (pugi::xml_node identification = SelectSingleNode(*copy, QStringLiteral("//Identification")).node()) {
+            SetXmlInteger(QStringLiteral("System"), 0, identification);
+            SaveXmlDocument(*copy, target);
+        }
+    }
+    const QString name = SplitPath(target).name;
+    if (m_store && name.compare(source.name, Qt::CaseInsensitive) != 0)
+        m_store->SetPrinterForConfiguration(name, source.printer);
+    LoadList();
+    selectConfiguration(name);
+}
+
+void frmPrinterConfigurations::deleteConfiguration()
+{
+    const int row = selectedRow();
+    if (row < 0 || !IsCommandEnabled(ConfigurationCommand::Delete, &m_rows[row]))
+        return;
+    const ConfigurationRow doomed = m_rows[row];
+    if (ShowMessage(DeleteQuestion(doomed.name), QMessageBox::Question, QMessageBox::Yes | QMessageBox::No, this) !=
+        QMessageBox::Yes)
+        return;
+    if (!DeleteFile(doomed.file))
+        ShowMessage(QStringLiteral("The printer configuration could not be deleted."), QMessageBox::Warning,
+                    QMessageBox::Ok, this);
+    LoadList();
+}
+
+void frmPrinterConfigurations::showPrinterProperties()
+{
+    const int row = selectedRow();
+    if (row < 0 || !m_store)
+        return;
+    // The printer the configuration prints with: its own, else the default one.
+    QString printer = m_store->GetPrinterForConfiguration(m_rows[row].name);
+    if (printer.isEmpty())
+        printer = CurrentPrinterInfo().defaultPrinterName();
+    const QString failed = CurrentSystemPrinters().openPrinterProperties(printer);
+    if (!failed.isEmpty())
+        ShowMessage(QStringLiteral("The properties of the printer '%1' could not be opened (%2).").arg(printer, failed),
+                    QMessageBox::Warning, QMessageBox::Ok, this);
+}
+
+void frmPrinterConfigurations::lblShowPrinters_Click()
+{
+    const QString failed = CurrentSystemPrinters().openPrinters();
+    if (!failed.isEmpty())
+        ShowMessage(QStringLiteral("The printers of this computer could not be shown (%1).").arg(failed),
+                    QMessageBox::Warning, QMessageBox::Ok, this);
+}
+
+int frmPrinterConfigurations::selectedRow() const
+{
+    const QList<QTreeWidgetItem *> selected = ui->rptPrinters->selectedItems();
+    return selected.isEmpty() ? -1 : ui->rptPrinters->indexOfTopLevelItem(selected.first());
+}
+
+void frmPrinterConfigurations::selectConfiguration(const QString &name)
+{
+    for (int row = 0; row < m_rows.size(); ++row) {
+        if (m_rows[row].name.compare(name, Qt::CaseInsensitive) == 0) {
+            ui->rptPrinters->setCurrentItem(ui->rptPrinters->topLevelItem(row), NameColumn);
+            return;
+        }
+    }
+}
+
+void frmPrinterConfigurations::restoreCell(int row, int column)
+{
+    QTreeWidgetItem *item = ui->rptPrinters->topLevelItem(row);
+    if (!item)
+        return;
+    m_loading = true;
+    item->setText(column, column == NameColumn ? m_rows[row].name : m_rows[row].printer);
+    m_loading = false;
+}
+
+void Library::ShowPrinterConfigurations()
+{
+    ShowModalForm<frmPrinterConfigurations>([&](frmPrinterConfigurations &form) { form.SetUp(this); });
+}
+
+} // namespace bravcpl5

@@ -1,0 +1,281 @@
+// The printer configurations dialog through Library.ShowPrinterConfigurations, driven by
+// control name over a temporary settings tree: the rows and their commands, renaming,
+// copying, deleting and assigning printers, and what reaches the files and the registry.
+
+#include "forms/CellEditor.h"
+#include "library/Xml.h"
+#include "printing/PrinterConfigurations.h"
+#include "printing/PrinterInfo.h"
+#include "printing/StoreFixture.h"
+#include "printing/SystemPrinters.h"
+#include "support/DialogDriver.h"
+#include "support/MessageRecorder.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QLabel>
+#include <QPushButton>
+#include <QToolBar>
+#include <QTreeWidget>
+
+namespace bravcpl5::test {
+namespace {
+
+struct Printers final : PrinterInfo {
+    QStringList printerNames() const override { return {"Office-Laser", "Label-Printer", "Plotter"}; }
+    QString defaultPrinterName() const override { return QStringLiteral("Office-Laser"); }
+    QList<PaperSizeInfo> paperSizes(const QString &) const override { return {}; }
+    QList<PaperBinInfo> paperBins(const QString &) const override { return {}; }
+    int currentPaperSize(const QString &) const override { return 0; }
+    int currentPaperBin(const QString &) const override { return 0; }
+};
+
+// Records what the dialog asked the system to open; `failure` is what it then reports.
+struct RecordingSystemPrinters final : SystemPrinters {
+    QStringList *opened;
+    QString failure;
+    QString openPrinters() override
+    {
+        opened->append(QStringLiteral("printers"));
+        return failure;
+    }
+    QString openPrinterProperties(const QString &printer) override
+    {
+        opened->append(QStringLiteral("properties of ") + printer);
+        return failure;
+    }
+};
+
+template <typename T> T *child(QWidget *dialog, const char *name)
+{
+    T *found = dialog->findChild<T *>(QLatin1String(name));
+    EXPECT_NE(found, nullptr) << name;
+    return found;
+}
+
+QTreeWidget *grid(QWidget *dialog) { return child<QTreeWidget>(dialog, "rptPrinters"); }
+
+// The rows as "name | printer | file name".
+QStringList shown(QWidget *dialog)
+{
+    QStringList rows;
+    QTreeWidget *list = grid(dialog);
+    for (int i = 0; i < list->topLevelItemCount(); ++i) {
+        const QTreeWidgetItem *item = list->topLevelItem(i);
+        rows << item->text(0) + " | " + item->text(1) + " | " + QDir(item->text(2)).dirName();
+    }
+    return rows;
+}
+
+void select(QWidget *dialog, const QString &name)
+{
+    const QList<QTreeWidgetItem *> found = grid(dialog)->findItems(name, Qt::MatchExactly, 0);
+    ASSERT_EQ(found.size(), 1) << name.toStdString();
+    grid(dialog)->setCurrentItem(found.first(), 0);
+}
+
+QAction *command(QWidget *dialog, int id)
+{
+    for (QAction *action : child<QToolBar>(dialog, "CommandBarsFrame1")->actions()) {
+        if (action->data().toInt() == id)
+            return action;
+    }
+    ADD_FAILURE() << "no command " << id;
+    return nullptr;
+}
+
+class PrinterConfigurationsDialog : public StoreFixture
+{
+protected:
+    void SetUp() override
+    {
+        StoreFixture::SetUp();
+        SetPrinterInfo(std::make_unique<Printers>());
+        auto system = std::make_unique<RecordingSystemPrinters>();
+        system->opened = &opened;
+        systemPrinters = system.get();
+        SetSystemPrinters(std::move(system));
+        letter = host.writeSystemFile(QStringLiteral("Letter.pcx"), configurationXml("<TopMargin>1</TopMargin>", 1));
+        invoice = host.writeUserFile(QStringLiteral("Invoice.pcx"), configurationXml("<TopMargin>.5</TopMargin>"));
+        plain = host.writeUserFile(QStringLiteral("Plain.pcx"), configurationXml(""));
+        store->SetPrinterForConfiguration(QStringLiteral("Letter"), QStringLiteral("Office-Laser"));
+        store->SetPrinterForConfiguration(QStringLiteral("Invoice"), QStringLiteral("Label-Printer"));
+        store->SetPrinterForConfiguration(QStringLiteral("(Default)"), QStringLiteral("Office-Laser"));
+    }
+    void TearDown() override
+    {
+        SetSystemPrinters(nullptr);
+        SetPrinterInfo(nullptr);
+        StoreFixture::TearDown();
+    }
+
+    void run(std::function<void(QWidget *)> action)
+    {
+        WhenModal(QStringLiteral("frmPrinterConfigurations"), [&](QWidget *dialog) {
+            action(dialog);
+            child<QPushButton>(dialog, "cmdClose")->click();
+        });
+        library.ShowPrinterConfigurations();
+    }
+
+    QString letter, invoice, plain;
+    QStringList opened;
+    RecordingSystemPrinters *systemPrinters = nullptr;
+};
+
+TEST_F(PrinterConfigurationsDialog, RowsShowEachConfigurationsOwnPrinterAndFileWithTheirCommands)
+{
+    run([&](QWidget *d) {
+        EXPECT_EQ(d->windowTitle(), "Printer Configurations");
+        EXPECT_EQ(shown(d), QStringList({"Letter | Office-Laser | Letter.pcx", "Invoice | Label-Printer | Invoice.pcx",
+                                         "Plain |  | Plain.pcx"}));
+        EXPECT_EQ(grid(d)->topLevelItem(2)->data(1, GridHintRole).toString(), "uses the default printer");
+        struct Case {
+            const char *row;
+            bool pageSetup, properties, copy, del;
+        };
+        for (const Case &c : {Case{"Letter", false, true, true, false}, Case{"Invoice", true, true, true, true},
+                              Case{"Plain", true, true, false, false}}) {
+            select(d, QString::fromLatin1(c.row));
+            EXPECT_EQ(command(d, 1004)->isEnabled(), c.pageSetup) << c.row;
+            EXPECT_EQ(child<QPushButton>(d, "cmdPageSetup")->isEnabled(), c.pageSetup) << c.row;
+            EXPECT_EQ(command(d, 1003)->isEnabled(), c.properties) << c.row;
+            EXPECT_EQ(command(d, 1006)->isEnabled(), c.copy) << c.row;
+            EXPECT_EQ(child<QPushButton>(d, "cmdCopy")->isEnabled(), c.copy) << c.row;
+            EXPECT_EQ(command(d, 1005)->isEnabled(), c.del) << c.row;
+        }
+        SaveScreenshot(d, QStringLiteral("printer-configurations"));
+    });
+}
+
+TEST_F(PrinterConfigurationsDialog, RenamingMovesTheFileAndItsPrinterOrRefusesAndTouchesNothing)
+{
+    MessageRecorder messages;
+    const QString systemFolder = host.systemFolder() + QLatin1Char('/');
+    run([&](QWidget *d) {
+        // Refused names: the cell keeps its name and no file moves.
+        const std::pair<const char *, QString> refused[] = {
+            {"Invoice", "The printer configuration cannot be renamed becuase a printer configuration with the name '" +
+                            systemFolder + "Invoice.pcx' already exists."},
+            {"../x", "The printer configuration cannot be renamed to '../x' because a name cannot contain any of "
+                     "these characters: \\ / : * ? \" < > |"},
+            {"a/b", "The printer configuration cannot be renamed to 'a/b' because a name cannot contain any of these "
+                    "characters: \\ / : * ? \" < > |"},
+            {"   ", "The printer configuration must have a name."},
+            {"LPT1", "The printer configuration cannot be renamed to 'LPT1' because that name is reserved by the "
+                     "system."},
+        };
+        QFile::copy(invoice, systemFolder + "Invoice.pcx"); // an existing name beside Letter
+        for (const auto &[name, message] : refused) {
+            grid(d)->topLevelItem(0)->setText(0, QString::fromLatin1(name));
+            EXPECT_EQ(grid(d)->topLevelItem(0)->text(0), "Letter") << name;
+            EXPECT_EQ(messages.texts().value(messages.texts().size() - 1), message) << name;
+            EXPECT_TRUE(QFile::exists(letter)) << name;
+        }
+        EXPECT_EQ(QDir(host.systemFolder()).entryList(QDir::Files), QStringList({"Invoice.pcx", "Letter.pcx"}));
+        EXPECT_EQ(QDir(host.root()).entryList({"x*"}), QStringList());
+
+        // Typed into the in-place editor, as a user renames.
+        select(d, QStringLiteral("Letter"));
+        TypeIntoCell(grid(d), 0, 0, QStringLiteral("Invoices"));
+        Settle();
+        EXPECT_TRUE(shown(d).contains("Invoices | Office-Laser | Invoices.pcx")) << shown(d).join('\n').toStdString();
+    });
+    EXPECT_FALSE(QFile::exists(letter));
+    EXPECT_TRUE(QFile::exists(systemFolder + "Invoices.pcx"));
+    EXPECT_EQ(store->GetPrinterForConfiguration(QStringLiteral("Invoices"), true), "Office-Laser");
+    EXPECT_EQ(store->GetPrinterForConfiguration(QStringLiteral("Letter"), true), "Office-Laser"); // left in place
+}
+
+TEST_F(PrinterConfigurationsDialog, CopyingASharedConfigurationMakesItTheUsersAndAUserOneGetsACopy)
+{
+    run([&](QWidget *d) {
+        select(d, QStringLiteral("Letter"));
+        child<QPushButton>(d, "cmdCopy")->click();
+        const QString userLetter = host.userFolder() + QStringLiteral("/Letter.pcx");
+        ASSERT_TRUE(QFile::exists(userLetter));
+        const XmlDocumentPtr copy = LoadXmlFile(userLetter);
+        ASSERT_TRUE(copy);
+        EXPECT_EQ(NodeText(SelectSingleNode(*copy, QStringLiteral("//Identification/System"))), "0");
+        EXPECT_EQ(NodeText(SelectSingleNode(*copy, QStringLiteral("//PageSetup/TopMargin"))), "1");
+        // The user's copy now wins lookups by name, and is the user's to set up and delete.
+        EXPECT_EQ(grid(d)->topLevelItem(0)->text(2), userLetter);
+        select(d, QStringLiteral("Letter"));
+        EXPECT_TRUE(command(d, 1004)->isEnabled());
+        EXPECT_TRUE(command(d, 1005)->isEnabled());
+
+        select(d, QStringLiteral("Invoice"));
+        command(d, 1006)->trigger();
+        select(d, QStringLiteral("Invoice"));
+        command(d, 1006)->trigger();
+        EXPECT_TRUE(shown(d).contains("Invoice - Copy | Label-Printer | Invoice - Copy.pcx"));
+        EXPECT_TRUE(shown(d).contains("Invoice - Copy (2) | Label-Printer | Invoice - Copy (2).pcx"));
+    });
+    QFile original(invoice);
+    ASSERT_TRUE(original.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(original.readAll().contains("<TopMargin>.5</TopMargin>")); // the original is left alone
+}
+
+TEST_F(PrinterConfigurationsDialog, DeletingAsksFirstAndOnlyYesDeletes)
+{
+    for (const QMessageBox::StandardButton answer : {QMessageBox::No, QMessageBox::Yes}) {
+        MessageRecorder messages({answer});
+        run([&](QWidget *d) {
+            select(d, QStringLiteral("Invoice"));
+            command(d, 1005)->trigger();
+        });
+        EXPECT_EQ(messages.texts(),
+                  QStringList{"Are you sure you want to delete the printer configuration 'Invoice'?"});
+        ASSERT_EQ(messages.messages().size(), 1);
+        EXPECT_EQ(messages.messages()[0].icon, QMessageBox::Question);
+        EXPECT_EQ(QFile::exists(invoice), answer == QMessageBox::No);
+    }
+}
+
+TEST_F(PrinterConfigurationsDialog, ChoosingAPrinterAssignsIt)
+{
+    run([&](QWidget *d) {
+        EXPECT_EQ(OpenChoices(grid(d), 2, 1), QStringList({"Office-Laser", "Label-Printer", "Plotter"}));
+        EXPECT_TRUE(PickChoice(QStringLiteral("Plotter")));
+        Settle();
+        select(d, QStringLiteral("Plain"));
+        EXPECT_TRUE(command(d, 1006)->isEnabled()); // a printer entry now
+        grid(d)->topLevelItem(0)->setText(1, QStringLiteral("Label-Printer"));
+    });
+    EXPECT_EQ(store->GetPrinterForConfiguration(QStringLiteral("Plain"), true), "Plotter");
+    EXPECT_EQ(store->GetPrinterForConfiguration(QStringLiteral("Letter"), true), "Label-Printer");
+}
+
+TEST_F(PrinterConfigurationsDialog, PrinterPropertiesAndThePrintersFolderOpenTheSystemsOwn)
+{
+    MessageRecorder messages;
+    run([&](QWidget *d) {
+        select(d, QStringLiteral("Plain")); // no printer of its own: the default one
+        command(d, 1003)->trigger();
+        select(d, QStringLiteral("Invoice"));
+        command(d, 1003)->trigger();
+        child<QLabel>(d, "lblShowPrinters")->linkActivated(QStringLiteral("printers"));
+        systemPrinters->failure = QStringLiteral("system-config-printer");
+        child<QLabel>(d, "lblShowPrinters")->linkActivated(QStringLiteral("printers"));
+    });
+    EXPECT_EQ(opened, QStringList({"properties of Office-Laser", "properties of Label-Printer", "printers", "printers"}));
+    EXPECT_EQ(messages.texts(),
+              QStringList{"The printers of this computer could not be shown (system-config-printer)."});
+}
+
+TEST_F(PrinterConfigurationsDialog, VerifyingWithAFixAnsweredYesOpensTheDialog)
+{
+    MessageRecorder messages({QMessageBox::Yes});
+    bool opened = false;
+    WhenModal(QStringLiteral("frmPrinterConfigurations"), [&](QWidget *d) {
+        opened = true;
+        d->close();
+    });
+    EXPECT_FALSE(store->VerifyPrinterConfigurations(true, true)); // Plain has no printer
+    EXPECT_TRUE(opened);
+}
+
+} // namespace
+} // namespace bravcpl5::test
