@@ -3,6 +3,7 @@
 // a dead writer, and a disk that fills up.
 
 #include "library/Registry.h"
+#include "library/WindowPositions.h"
 #include "support/SmallFileSystem.h"
 #include "support/TestHost.h"
 
@@ -13,6 +14,7 @@
 #include <QSettings>
 #include <QSysInfo>
 #include <QTemporaryDir>
+#include <QWidget>
 #include <algorithm>
 #include <gtest/gtest.h>
 
@@ -75,6 +77,20 @@ TEST_F(RegistryFileTest, NamesIgnoreCaseAndKeepTheirFirstSpelling)
     EXPECT_EQ(text(), "[Software/Tarnwell/Lumarest/5.0/Settings (Acme)/Printer Configurations]\n"
                       "Letter=Label-Printer\n"
                       "Ölfarbe=B\n");
+}
+
+TEST_F(RegistryFileTest, WindowPositionNamesIgnoreCase)
+{
+    QWidget form;
+    form.setGeometry(123, 45, 678, 321);
+    SaveWindowPosition(QStringLiteral("frmGeneralReportFilters"), &form);
+    form.move(10, 10);
+    SaveWindowPosition(QStringLiteral("FRMGENERALREPORTFILTERS"), &form);
+    QWidget other;
+    RestoreWindowPosition(QStringLiteral("frmgeneralreportfilters"), &other, true);
+    EXPECT_EQ(QRect(other.pos(), other.size()), QRect(10, 10, 678, 321));
+    EXPECT_EQ(text(), "[Software/Tarnwell/Lumarest/5.0/Window Positions/]\n"
+                      "frmGeneralReportFilters=150,150,10170,4815\n");
 }
 
 // Each name is its own value, whatever the INI syntax or QSettings would make of it.
