@@ -39,8 +39,7 @@ TEST_P(FullDiskDialog, FieldsOkKeepsTheOldFileWhole)
 {
     const Case c = GetParam();
     test::SmallFileSystem fs(256 * 1024);
-    if (!fs.available())
-        GTEST_SKIP() << fs.reason().toStdString();
+    REQUIRE_SMALL_FILE_SYSTEM(fs);
     test::TestHost host;
     Library library;
     library.Initialize(&host);

@@ -232,8 +232,7 @@ TEST_P(FullRegistry, AWriteOnAFullDiskKeepsEveryEarlierValue)
 {
     const FullRegistryCase c = GetParam();
     test::SmallFileSystem fs(512 * 1024);
-    if (!fs.available())
-        GTEST_SKIP() << fs.reason().toStdString();
+    REQUIRE_SMALL_FILE_SYSTEM(fs);
     const QString previous = RegistryFile();
     SetRegistryFile(fs.filePath(QStringLiteral("HKEY_CURRENT_USER.ini")));
     for (int i = 0; i < c.earlier; ++i)

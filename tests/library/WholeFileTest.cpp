@@ -6,6 +6,7 @@
 #include "support/TestHost.h"
 
 #include <QDir>
+#include <functional>
 #include <gtest/gtest.h>
 
 namespace bravcpl5 {
@@ -22,10 +23,6 @@ QStringList entries(const QString &folder)
 {
     return QDir(folder).entryList(QDir::Files | QDir::Hidden | QDir::NoDotAndDotDot);
 }
-
-#define REQUIRE_SMALL_FILE_SYSTEM(fs)                                                              \
-    if (!(fs).available())                                                                         \
-    GTEST_SKIP() << (fs).reason().toStdString()
 
 struct FullDiskCase {
     const char *name;
@@ -86,29 +83,32 @@ TEST(WholeFile, WritesInPlaceWhereTheFolderTakesNoNewFiles)
     EXPECT_EQ(entries(fs.filePath({})), QStringList({"Letter.pcx"}));
 }
 
-TEST(WholeFile, InPlaceOnAFullDiskLeavesTheOldFileWhole)
+// Places a save cannot go, each left exactly as it was.
+TEST(WholeFile, ASaveThatCannotGoAnywhereLeavesTheFileWhole)
 {
-    test::SmallFileSystem fs(256 * 1024);
-    REQUIRE_SMALL_FILE_SYSTEM(fs);
-    const QString path = fs.filePath(QStringLiteral("Letter.pcx"));
-    const QByteArray old = document(3000, 'o');
-    ASSERT_TRUE(WriteWholeFile(path, old));
-    fs.fill();
-    ASSERT_TRUE(fs.lockFolderKeepingFileWritable(path));
-    EXPECT_FALSE(WriteWholeFile(path, document(40000, 'n')));
-    EXPECT_EQ(test::readFile(path), old);
-}
-
-TEST(WholeFile, ASaveIntoAReadOnlyFileFailsAndLeavesItWhole)
-{
-    test::SmallFileSystem fs(256 * 1024);
-    REQUIRE_SMALL_FILE_SYSTEM(fs);
-    const QString path = fs.filePath(QStringLiteral("Letter.pcx"));
-    const QByteArray old = document(3000, 'o');
-    ASSERT_TRUE(WriteWholeFile(path, old));
-    ASSERT_TRUE(fs.makeReadOnly(path));
-    EXPECT_FALSE(WriteWholeFile(path, document(1000, 'n')));
-    EXPECT_EQ(test::readFile(path), old);
+    using Prepare = std::function<bool(test::SmallFileSystem &, const QString &)>;
+    const std::tuple<const char *, Prepare, qint64> cases[] = { // what, preparation, new size
+        {"in place on a full disk",
+         [](test::SmallFileSystem &fs, const QString &path) {
+             fs.fill();
+             return fs.lockFolderKeepingFileWritable(path);
+         },
+         40000},
+        {"a read-only file, smaller",
+         [](test::SmallFileSystem &fs, const QString &path) { return fs.makeReadOnly(path); }, 1000},
+        {"a read-only file, larger",
+         [](test::SmallFileSystem &fs, const QString &path) { return fs.makeReadOnly(path); }, 9000},
+    };
+    for (const auto &[what, prepare, size] : cases) {
+        test::SmallFileSystem fs(256 * 1024);
+        REQUIRE_SMALL_FILE_SYSTEM(fs);
+        const QString path = fs.filePath(QStringLiteral("Letter.pcx"));
+        const QByteArray old = document(3000, 'o');
+        ASSERT_TRUE(WriteWholeFile(path, old)) << what;
+        ASSERT_TRUE(prepare(fs, path)) << what;
+        EXPECT_FALSE(WriteWholeFile(path, document(size, 'n'))) << what;
+        EXPECT_EQ(test::readFile(path), old) << what;
+    }
 }
 
 } // namespace

@@ -42,8 +42,7 @@ TEST_F(PrinterAssignments, AreFoundInAnyCaseAndReplacedRatherThanDoubled)
 TEST_F(PrinterAssignments, AFullDiskKeepsEveryEarlierAssignment)
 {
     SmallFileSystem fs(256 * 1024);
-    if (!fs.available())
-        GTEST_SKIP() << fs.reason().toStdString();
+    REQUIRE_SMALL_FILE_SYSTEM(fs);
     SetRegistryFile(fs.filePath(QStringLiteral("HKEY_CURRENT_USER.ini")));
     for (int i = 0; i < 50; ++i)
         store->SetPrinterForConfiguration(QStringLiteral("Configuration %1").arg(i), QStringLiteral("Printer %1").arg(i));

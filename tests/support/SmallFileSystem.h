@@ -43,3 +43,8 @@ private:
 };
 
 } // namespace bravcpl5::test
+
+// Skips the test where the small file system could not be mounted.
+#define REQUIRE_SMALL_FILE_SYSTEM(fs)                                                              \
+    if (!(fs).available())                                                                         \
+    GTEST_SKIP() << (fs).reason().toStdString()
