@@ -170,6 +170,30 @@ TEST_F(RegistryFileTest, AHandEditedFileIsReadAsFarAsItGoes)
     EXPECT_EQ(get(printers, QStringLiteral("orphan")), "<missing>");
 }
 
+// Files no writer of ours made: each is read without harm, and a write either keeps what
+// could be read or, for a file too large to be ours, leaves it alone.
+TEST_F(RegistryFileTest, HostileFilesAreReadWithoutHarm)
+{
+    const QByteArray group = "[Software/Tarnwell/Lumarest/5.0/Settings (Acme)/Printer Configurations]\n";
+    const std::tuple<const char *, QByteArray, bool> cases[] = { // what, content, a write may replace it
+        {"binary", QByteArray("\0\xff\xfe[\0]=\n\x01=\x02\n", 12) + group + "Letter=\0x\n", true},
+        {"one long line", QByteArray(4 << 20, '['), true},
+        {"many groups", QByteArray("[a]\n").repeated(200000) + group + "Letter=Office-Laser\n", true},
+        {"only separators", QByteArray("=\n%\n%%%\n[]\n[/]\n=%ZZ\n").repeated(1000), true},
+        {"too large to be ours", group + "Letter=Office-Laser\n" + QByteArray(17 << 20, ';'), false},
+    };
+    for (const auto &[what, content, replaceable] : cases) {
+        SCOPED_TRACE(what);
+        test::writeFile(path, content);
+        EXPECT_EQ(get(printers, QStringLiteral("Legal")), "<missing>");
+        EXPECT_EQ(set(printers, QStringLiteral("Legal"), QStringLiteral("Office-Laser")), replaceable);
+        EXPECT_EQ(get(printers, QStringLiteral("Legal")), replaceable ? "Office-Laser" : "<missing>");
+        if (!replaceable) {
+            EXPECT_EQ(test::readFile(path), content);
+        }
+    }
+}
+
 int valueLines(const std::string &text)
 {
     return int(QByteArray::fromStdString(text).split('\n').count() - 2); // less the group and the end
