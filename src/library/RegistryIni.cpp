@@ -35,6 +35,8 @@ bool isHexDigit(QChar c)
 // A "%" not followed by two hex digits is kept as it stands, so hand-written text survives.
 QString unescaped(QStringView text)
 {
+    if (!text.contains(QLatin1Char('%')))
+        return text.toString();
     QString out;
     out.reserve(text.size());
     for (qsizetype i = 0; i < text.size(); ++i) {
@@ -80,8 +82,7 @@ RegistryIni RegistryIni::parse(const QByteArray &text)
 {
     RegistryIni ini;
     const QString all = QString::fromUtf8(text);
-    QString currentKey;
-    bool inGroup = false;
+    qsizetype currentKey = -1;
     bool inGeneral = false;
     for (QStringView line : QStringView(all).split(QLatin1Char('\n'))) {
         line = trimmedBlanks(line.endsWith(QLatin1Char('\r')) ? line.chopped(1) : line);
@@ -90,12 +91,11 @@ RegistryIni RegistryIni::parse(const QByteArray &text)
         if (line.startsWith(QLatin1Char('[')) && line.endsWith(QLatin1Char(']'))) {
             const QStringView group = line.mid(1, line.size() - 2);
             inGeneral = group == QLatin1String("General");
-            currentKey = keyPath(group);
-            inGroup = true;
+            currentKey = ini.keyIndex(keyPath(group));
             continue;
         }
         const qsizetype equals = line.indexOf(QLatin1Char('='));
-        if (!inGroup || equals < 0)
+        if (currentKey < 0 || equals < 0)
             continue;
         const QStringView name = trimmedBlanks(line.left(equals));
         // The flat form spelt the whole path in the name, its "\" as "%5C".
@@ -103,7 +103,7 @@ RegistryIni RegistryIni::parse(const QByteArray &text)
             ini.flatEntries = true;
             continue;
         }
-        ini.setValue(currentKey, unescaped(name), unescaped(trimmedBlanks(line.mid(equals + 1))));
+        ini.setValue(ini.keys[currentKey], unescaped(name), unescaped(trimmedBlanks(line.mid(equals + 1))));
     }
     return ini;
 }
@@ -112,6 +112,8 @@ QByteArray RegistryIni::text() const
 {
     QString out;
     for (const Key &key : keys) {
+        if (key.values.isEmpty())
+            continue; // a group that held only the flat form's entries, or nothing
         if (!out.isEmpty())
             out += QLatin1Char('\n');
         out += QLatin1Char('[') + groupName(key.path) + QLatin1String("]\n");
@@ -134,22 +136,30 @@ std::optional<QString> RegistryIni::value(const QString &key, const QString &nam
     return found.values.at(*v).data;
 }
 
-void RegistryIni::setValue(const QString &key, const QString &name, const QString &data)
+qsizetype RegistryIni::keyIndex(const QString &path)
 {
-    auto k = byPath.constFind(key.toCaseFolded());
-    if (k == byPath.cend()) {
-        k = byPath.insert(key.toCaseFolded(), keys.size());
-        keys.append(Key{key, {}, {}});
-    }
-    Key &found = keys[*k];
+    const QString folded = path.toCaseFolded();
+    if (const auto found = byPath.constFind(folded); found != byPath.cend())
+        return *found;
+    byPath.insert(folded, keys.size());
+    keys.append(Key{path, {}, {}});
+    return keys.size() - 1;
+}
+
+void RegistryIni::setValue(Key &key, const QString &name, const QString &data)
+{
     const QString folded = name.toCaseFolded();
-    const auto v = found.byName.constFind(folded);
-    if (v != found.byName.cend()) {
-        found.values[*v].data = data;
+    if (const auto found = key.byName.constFind(folded); found != key.byName.cend()) {
+        key.values[*found].data = data;
         return;
     }
-    found.byName.insert(folded, found.values.size());
-    found.values.append(Value{name, data});
+    key.byName.insert(folded, key.values.size());
+    key.values.append(Value{name, data});
+}
+
+void RegistryIni::setValue(const QString &key, const QString &name, const QString &data)
+{
+    setValue(keys[keyIndex(key)], name, data);
 }
 
 } // namespace bravcpl5

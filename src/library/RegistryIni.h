@@ -46,6 +46,10 @@ private:
         QHash<QString, qsizetype> byName; // case-folded name -> index in values
     };
 
+    // The key's index in `keys`, added when new.
+    qsizetype keyIndex(const QString &path);
+    static void setValue(Key &key, const QString &name, const QString &data);
+
     QList<Key> keys;
     QHash<QString, qsizetype> byPath; // case-folded path -> index in keys
     bool flatEntries = false;
