@@ -81,7 +81,9 @@ QStringView trimmedBlanks(QStringView text)
 RegistryIni RegistryIni::parse(const QByteArray &text)
 {
     RegistryIni ini;
-    const QString all = QString::fromUtf8(text);
+    QString all = QString::fromUtf8(text);
+    if (all.startsWith(QChar(0xFEFF)))
+        all.remove(0, 1); // a byte-order mark from an editor
     qsizetype currentKey = -1;
     bool inGeneral = false;
     for (QStringView line : QStringView(all).split(QLatin1Char('\n'))) {

@@ -156,18 +156,23 @@ TEST_F(RegistryFileTest, AFlatFileIsMigratedWithoutLoss)
 // Hand edits and damage: what can be understood is read, the rest skipped.
 TEST_F(RegistryFileTest, AHandEditedFileIsReadAsFarAsItGoes)
 {
-    test::writeFile(path, "\xEF\xBB\xBF; written by hand\r\n"
-                          "orphan=before any group\r\n"
+    test::writeFile(path, "\xEF\xBB\xBF[Software/Tarnwell/Lumarest/5.0/Settings (Acme)/Printer Configurations]\r\n"
+                          "Tabloid=Front Desk\r\n"
+                          "; written by hand\r\n"
                           "[Software/Tarnwell/Lumarest/5.0/Settings (Acme)/Printer Configurations]\r\n"
                           "  Letter  =  Office-Laser  \r\n"
                           "no equals sign\r\n"
                           "Legal=100%\r\n"
                           "[broken\r\n"
-                          "Half=%4\n");
+                          "Half=%4\n"
+                          "[]\r\n"
+                          "Nameless=group\r\n");
     EXPECT_EQ(get(printers, QStringLiteral("Letter")), "Office-Laser");
     EXPECT_EQ(get(printers, QStringLiteral("Legal")), "100%");
     EXPECT_EQ(get(printers, QStringLiteral("Half")), "%4");
-    EXPECT_EQ(get(printers, QStringLiteral("orphan")), "<missing>");
+    EXPECT_EQ(get(printers, QStringLiteral("Tabloid")), "Front Desk");
+    EXPECT_EQ(get(QString(), QStringLiteral("Nameless")), "group");
+    EXPECT_EQ(get(printers, QStringLiteral("Nameless")), "<missing>");
 }
 
 // Files no writer of ours made: each is read without harm, and a write either keeps what
