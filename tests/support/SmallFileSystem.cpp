@@ -17,15 +17,38 @@ namespace bravcpl5::test {
 namespace {
 
 #ifdef Q_OS_LINUX
+bool writeProcFile(const char *path, const QByteArray &text)
+{
+    QFile file(QString::fromLatin1(path));
+    return file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.flush();
+}
+
+// Without root, a user namespace of the process's own, in which it may mount (where the
+// kernel allows unprivileged user namespaces and the process is still single-threaded).
+QString enterUserNamespace()
+{
+    const QByteArray uid = QByteArray::number(::geteuid());
+    const QByteArray gid = QByteArray::number(::getegid());
+    if (::unshare(CLONE_NEWUSER | CLONE_NEWNS) != 0)
+        return QStringLiteral("mounting a small file system needs root or a user namespace: ")
+               + QString::fromLocal8Bit(std::strerror(errno));
+    if (!writeProcFile("/proc/self/setgroups", "deny") || !writeProcFile("/proc/self/uid_map", "0 " + uid + " 1")
+        || !writeProcFile("/proc/self/gid_map", "0 " + gid + " 1"))
+        return QStringLiteral("could not map the user into its namespace");
+    return {};
+}
+
 // Once per process: a private copy of the mount table, so that the test's mounts stay in
 // this process (and the children it starts) and vanish with it.
 QString enterPrivateMounts()
 {
     static const QString failure = []() -> QString {
-        if (::geteuid() != 0)
-            return QStringLiteral("mounting a small file system needs root");
-        if (::unshare(CLONE_NEWNS) != 0)
+        if (::geteuid() != 0) {
+            if (QString userNamespace = enterUserNamespace(); !userNamespace.isEmpty())
+                return userNamespace;
+        } else if (::unshare(CLONE_NEWNS) != 0) {
             return QStringLiteral("unshare: ") + QString::fromLocal8Bit(std::strerror(errno));
+        }
         if (::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0)
             return QStringLiteral("private mounts: ") + QString::fromLocal8Bit(std::strerror(errno));
         return {};

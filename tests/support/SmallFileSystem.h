@@ -3,7 +3,8 @@
 // A real, small file system for tests of full disks and read-only places: a tmpfs of the
 // given size mounted on a temporary folder, inside a mount namespace of the test
 // process's own, so that nothing outside it ever sees the mount. Mounting needs root (CI
-// runs the tests as root); elsewhere `available()` is false and the test skips.
+// runs the tests as root) or an unprivileged user namespace; where neither is to be had,
+// `available()` is false and the test skips.
 
 #include <QString>
 #include <QTemporaryDir>
