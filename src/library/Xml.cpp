@@ -1,10 +1,10 @@
 #include "library/Xml.h"
 
 #include "library/ValueRules.h"
+#include "library/WholeFile.h"
 
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <string>
 
 namespace bravcpl5 {
@@ -234,15 +234,13 @@ QString UnescapeXmlText(const QString &text)
 }
 
 namespace {
-struct SaveFileWriter final : pugi::xml_writer {
-    explicit SaveFileWriter(QSaveFile &f) : file(f) {}
+// Collects the serialised document, so that it reaches the disk in one whole write.
+struct ByteArrayWriter final : pugi::xml_writer {
     void write(const void *data, size_t size) override
     {
-        if (file.write(static_cast<const char *>(data), qint64(size)) != qint64(size))
-            failed = true;
+        bytes.append(static_cast<const char *>(data), qsizetype(size));
     }
-    QSaveFile &file;
-    bool failed = false;
+    QByteArray bytes;
 };
 } // namespace
 
@@ -250,16 +248,9 @@ bool SaveXmlDocument(const pugi::xml_document &document, const QString &path)
 {
     if (path.isEmpty())
         return false;
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
-        return false;
-    SaveFileWriter writer(file);
+    ByteArrayWriter writer;
     document.save(writer, "  ", pugi::format_indent, pugi::encoding_utf8);
-    if (writer.failed) {
-        file.cancelWriting();
-        return false;
-    }
-    return file.commit();
+    return WriteWholeFile(path, writer.bytes);
 }
 
 } // namespace bravcpl5

@@ -48,8 +48,8 @@ pugi::xpath_node SelectSingleNode(pugi::xml_node node, const QString &xpath);
 // The text of a selected node: an attribute's value, or all text inside an element.
 QString NodeText(const pugi::xpath_node &node);
 
-// Saves atomically: the file is written beside the target and moved over it only when
-// complete, so a failed save returns false and leaves the previous file whole.
+// Saves whole or not at all (WriteWholeFile): a failed save returns false and leaves the
+// previous file byte-for-byte as it was.
 bool SaveXmlDocument(const pugi::xml_document &document, const QString &path);
 
 } // namespace bravcpl5
