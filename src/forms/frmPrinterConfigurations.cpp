@@ -95,19 +95,19 @@ void frmPrinterConfigurations::LoadList()
     const int selected = selectedRow();
     const QString current = selected >= 0 ? m_rows[selected].name : QString();
     m_rows.clear();
+    const QHash<QString, QString> printers = m_store ? m_store->printerAssignments() : QHash<QString, QString>();
     if (m_store) {
         for (const PrinterConfigurations::NamedFile &configuration : m_store->configurationFiles()) {
             ConfigurationRow row;
             row.name = configuration.name;
-            row.printer = m_store->GetPrinterForConfiguration(configuration.name, true);
+            row.printer = printers.value(configuration.name.toCaseFolded());
             row.file = configuration.file;
             row.system = m_store->PrinterConfigurationIsSystem(row.file);
             m_rows.append(row);
         }
     }
     // An empty printer cell prints with the default printer, when there is one.
-    const bool hasDefault =
-        m_store && !m_store->GetPrinterForConfiguration(QString::fromLatin1(DefaultPrinterValueName)).isEmpty();
+    const bool hasDefault = !printers.value(QString::fromLatin1(DefaultPrinterValueName).toCaseFolded()).isEmpty();
     const QString hint = hasDefault ? QStringLiteral("uses the default printer") : QString();
     const QIcon shared = style()->standardIcon(QStyle::SP_DriveNetIcon);
     QList<QTreeWidgetItem *> items;

@@ -40,6 +40,16 @@ std::optional<QString> readValue(const QString &key, const QString &valueName)
     return value.isValid() ? std::optional<QString>(value.toString()) : std::nullopt;
 }
 
+QList<std::pair<QString, QString>> readValues(const QString &key)
+{
+    QSettings settings(QStringLiteral("HKEY_CURRENT_USER"), QSettings::NativeFormat);
+    settings.beginGroup(key);
+    QList<std::pair<QString, QString>> values;
+    for (const QString &name : settings.childKeys())
+        values.append({name, settings.value(name).toString()});
+    return values;
+}
+
 bool writeValue(const QString &key, const QString &valueName, const QString &data)
 {
     QSettings settings(QStringLiteral("HKEY_CURRENT_USER"), QSettings::NativeFormat);
@@ -142,7 +152,8 @@ bool updateFile(const QString &path, Change change)
     return WriteWholeFile(path, ini->text());
 }
 
-std::optional<QString> readValue(const QString &key, const QString &valueName)
+// The file as it is to be read, an older flat file migrated first.
+std::optional<RegistryIni> readCurrentFile()
 {
     const QString path = RegistryFile();
     std::optional<RegistryIni> ini = readFile(path);
@@ -154,7 +165,19 @@ std::optional<QString> readValue(const QString &key, const QString &valueName)
         if (ini && ini->hasFlatEntries())
             mergeFlatEntries(path, *ini); // could not be rewritten: still read everything
     }
+    return ini;
+}
+
+std::optional<QString> readValue(const QString &key, const QString &valueName)
+{
+    const std::optional<RegistryIni> ini = readCurrentFile();
     return ini ? ini->value(key, valueName) : std::nullopt;
+}
+
+QList<std::pair<QString, QString>> readValues(const QString &key)
+{
+    const std::optional<RegistryIni> ini = readCurrentFile();
+    return ini ? ini->values(key) : QList<std::pair<QString, QString>>();
 }
 
 bool writeValue(const QString &key, const QString &valueName, const QString &data)
@@ -183,6 +206,13 @@ QString GetRegValue(unsigned hive, const QString &key, const QString &valueName,
     if (hive != HKEY_CURRENT_USER_HANDLE || valueName.isEmpty())
         return defaultValue;
     return readValue(key, valueName).value_or(defaultValue);
+}
+
+QList<std::pair<QString, QString>> GetRegValues(unsigned hive, const QString &key)
+{
+    if (hive != HKEY_CURRENT_USER_HANDLE)
+        return {};
+    return readValues(key);
 }
 
 bool SetRegValue(unsigned hive, const QString &key, const QString &valueName, const QString &data)

@@ -7,7 +7,9 @@
 
 #include "library/RegistryFile.h"
 
+#include <QList>
 #include <QString>
+#include <utility>
 
 class QObject;
 
@@ -25,6 +27,9 @@ inline constexpr auto WindowPositionsKey = "Software\\Tarnwell\\Lumarest\\5.0\\W
 // the key or value is missing.
 QString GetRegValue(unsigned hive, const QString &key, const QString &valueName,
                     const QString &defaultValue);
+// Every string value of the key as (name, data), read at once; none when the hive is not
+// HKEY_CURRENT_USER or the key is missing.
+QList<std::pair<QString, QString>> GetRegValues(unsigned hive, const QString &key);
 // Creates the key when needed and writes the string value; false when it could not.
 bool SetRegValue(unsigned hive, const QString &key, const QString &valueName,
                  const QString &data);

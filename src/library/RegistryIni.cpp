@@ -138,6 +138,17 @@ std::optional<QString> RegistryIni::value(const QString &key, const QString &nam
     return found.values.at(*v).data;
 }
 
+QList<std::pair<QString, QString>> RegistryIni::values(const QString &key) const
+{
+    QList<std::pair<QString, QString>> all;
+    const auto k = byPath.constFind(key.toCaseFolded());
+    if (k != byPath.cend()) {
+        for (const Value &value : keys.at(*k).values)
+            all.append({value.name, value.data});
+    }
+    return all;
+}
+
 qsizetype RegistryIni::keyIndex(const QString &path)
 {
     const QString folded = path.toCaseFolded();

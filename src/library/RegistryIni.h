@@ -30,6 +30,8 @@ public:
     // `key` is the registry's path text, parts separated by "\".
     std::optional<QString> value(const QString &key, const QString &name) const;
     void setValue(const QString &key, const QString &name, const QString &data);
+    // Every value of the key as (name, data), in the file's order.
+    QList<std::pair<QString, QString>> values(const QString &key) const;
 
     // The file still holds entries of the older flat form (one "[General]" line per value,
     // the whole path in its name), which this parser skips; the caller migrates them.

@@ -117,6 +117,17 @@ QList<PrinterConfigurations::NamedFile> PrinterConfigurations::configurationFile
     return list;
 }
 
+QHash<QString, QString> PrinterConfigurations::printerAssignments()
+{
+    QHash<QString, QString> printers;
+    const QString key = PrinterConfigurationsKey(host());
+    if (key.isEmpty())
+        return printers;
+    for (const auto &[name, printer] : GetRegValues(HKEY_CURRENT_USER_HANDLE, key))
+        printers.insert(name.toCaseFolded(), printer);
+    return printers;
+}
+
 QString PrinterConfigurations::GetPrinterConfigurationToUse(const QString &PrinterConfiguration,
                                                             bool Verbose)
 {

@@ -3,6 +3,7 @@
 #include "bravcpl5_export.h"
 #include "library/Service.h"
 
+#include <QHash>
 #include <QString>
 #include <QStringList>
 
@@ -60,6 +61,9 @@ public:
         QString file;
     };
     QList<NamedFile> configurationFiles();
+    // Every configuration's own printer (GetPrinterForConfiguration with SkipDefault), read
+    // at once, keyed by the case-folded configuration name.
+    QHash<QString, QString> printerAssignments();
 
 private:
     QString systemFolder() const;

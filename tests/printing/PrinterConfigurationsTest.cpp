@@ -108,6 +108,20 @@ TEST_F(PrinterConfigurationsTest, PrintersAndTheConfigurationToUseFallBackToTheD
     EXPECT_EQ(store->GetPrinterForConfiguration("Invoice"), "Front Desk");
 }
 
+TEST_F(PrinterConfigurationsTest, AllAssignmentsReadAtOnceAgreeWithEachLookup)
+{
+    assign("Letter", "Office Laser");
+    assign("LETTER", "Front Desk"); // the same name
+    assign("a/b", "Plotter");
+    assign("(Default)", "Front Desk");
+    const QHash<QString, QString> printers = store->printerAssignments();
+    EXPECT_EQ(printers.size(), 3);
+    for (const char *name : {"letter", "A/B", "(Default)", "Legal"})
+        EXPECT_EQ(printers.value(QString::fromLatin1(name).toCaseFolded()),
+                  store->GetPrinterForConfiguration(QString::fromLatin1(name), true))
+            << name;
+}
+
 TEST_F(PrinterConfigurationsTest, VerificationNeedsAPrinterOfEachConfigurationsOwn)
 {
     host.writeSystemFile(QStringLiteral("Invoice.pcx"), configurationXml(""));
