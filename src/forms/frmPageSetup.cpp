@@ -136,7 +136,7 @@ bool frmPageSetup::Open(const QString &configuration, const QString &printerName
     // The label sheet's fields are shown and kept, but not edited here.
     ui->TabControl1->setTabEnabled(ui->TabControl1->indexOf(ui->tabLabelLayout), false);
     PageSetup fields = fromControls();
-    if (ReadPageSetup(m_store, m_configuration, choices(), fields))
+    if (ReadPageSetup(configurationFile(), choices(), fields))
         toControls(fields);
     m_loading = false;
     // The stored paper shows its own size, as if the user had chosen it.
@@ -247,6 +247,11 @@ void frmPageSetup::toControls(const PageSetup &fields)
     selectCode(ui->cboPrintDirection, fields.printDirection);
 }
 
+QString frmPageSetup::configurationFile() const
+{
+    return m_store ? m_store->GetPrinterConfigurationFileFromName(m_configuration) : QString();
+}
+
 PageSetupChoices frmPageSetup::choices() const
 {
     PageSetupChoices choices;
@@ -262,7 +267,7 @@ PageSetupChoices frmPageSetup::choices() const
 void frmPageSetup::cmdOK_Click()
 {
     // Typed values are stored as they stand; the file reports nothing on failure.
-    WritePageSetup(m_store, m_configuration, fromControls());
+    WritePageSetup(configurationFile(), fromControls());
     setCancelled(false);
     accept();
 }

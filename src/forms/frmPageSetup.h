@@ -56,6 +56,7 @@ private:
     PageSetup fromControls() const;
     void toControls(const PageSetup &fields);
     PageSetupChoices choices() const;
+    QString configurationFile() const;
 
     // A numeric field with its spinner's rule.
     struct NumericField {

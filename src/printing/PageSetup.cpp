@@ -2,7 +2,7 @@
 
 #include "library/ValueRules.h"
 #include "library/Xml.h"
-#include "printing/PrinterConfigurations.h"
+#include "printing/PageSetupElements.h"
 #include "printing/PrinterInfo.h"
 
 #include <span>
@@ -22,37 +22,25 @@ struct LengthField {
 };
 
 const LengthField marginFields[] = {
-    {"TopMargin", &PageSetup::topMargin, "1"},   {"BottomMargin", &PageSetup::bottomMargin, "1"},
-    {"LeftMargin", &PageSetup::leftMargin, "1"}, {"RightMargin", &PageSetup::rightMargin, "1"},
-    {"Gutter", &PageSetup::gutter, "0"},
+    {pagesetup::topMargin, &PageSetup::topMargin, "1"},
+    {pagesetup::bottomMargin, &PageSetup::bottomMargin, "1"},
+    {pagesetup::leftMargin, &PageSetup::leftMargin, "1"},
+    {pagesetup::rightMargin, &PageSetup::rightMargin, "1"},
+    {pagesetup::gutter, &PageSetup::gutter, "0"},
 };
 
 const LengthField labelFields[] = {
-    {"HorizontalGap", &PageSetup::horizontalGap, ".125"},
-    {"VerticalGap", &PageSetup::verticalGap, "0"},
-    {"LabelWidth", &PageSetup::labelWidth, "3.5"},
-    {"LabelHeight", &PageSetup::labelHeight, "1"},
+    {pagesetup::horizontalGap, &PageSetup::horizontalGap, ".125"},
+    {pagesetup::verticalGap, &PageSetup::verticalGap, "0"},
+    {pagesetup::labelWidth, &PageSetup::labelWidth, "3.5"},
+    {pagesetup::labelHeight, &PageSetup::labelHeight, "1"},
 };
 
 QString name(const char *element) { return QString::fromLatin1(element); }
 
-// The loaded file and its "PageSetup" element (empty when either is missing).
-struct Document {
-    QString path;
-    XmlDocumentPtr xml;
-    pugi::xml_node pageSetup;
-};
-
-Document load(PrinterConfigurations *store, const QString &configuration)
+pugi::xml_node pageSetupNode(const pugi::xml_document &document)
 {
-    Document document;
-    if (!store)
-        return document;
-    document.path = store->GetPrinterConfigurationFileFromName(configuration);
-    document.xml = LoadXmlFile(document.path);
-    if (document.xml)
-        document.pageSetup = SelectSingleNode(*document.xml, QStringLiteral("//PageSetup")).node();
-    return document;
+    return SelectSingleNode(document, QString::fromLatin1(pagesetup::xpath)).node();
 }
 
 // The system default printer's current paper size or bin; none without a default printer.
@@ -106,54 +94,62 @@ void writeCode(pugi::xml_node node, const char *element, std::optional<int> code
 
 } // namespace
 
-bool ReadPageSetup(PrinterConfigurations *store, const QString &configuration,
-                   const PageSetupChoices &choices, PageSetup &fields)
+bool PageSetup::read(const pugi::xml_document &document, const PageSetupChoices &choices)
 {
-    const Document document = load(store, configuration);
-    const pugi::xml_node node = document.pageSetup;
+    const pugi::xml_node node = pageSetupNode(document);
     if (!node)
         return false;
 
-    readSelection(node, "PaperSize", systemPrinterDefault(&PrinterInfo::currentPaperSize),
-                  choices.paperSizes, fields.paperSize);
-    if (fields.paperSize && *fields.paperSize >= firstCustomPaperSize) {
-        fields.paperWidth = GetXmlValue(QStringLiteral("PaperWidth"), node, QString());
-        fields.paperHeight = GetXmlValue(QStringLiteral("PaperHeight"), node, QString());
+    readSelection(node, pagesetup::paperSize, systemPrinterDefault(&PrinterInfo::currentPaperSize),
+                  choices.paperSizes, paperSize);
+    if (paperSize && *paperSize >= firstCustomPaperSize) {
+        paperWidth = GetXmlValue(name(pagesetup::paperWidth), node, QString());
+        paperHeight = GetXmlValue(name(pagesetup::paperHeight), node, QString());
     }
-    readSelection(node, "PaperSource", systemPrinterDefault(&PrinterInfo::currentPaperBin),
-                  choices.paperSources, fields.paperSource);
-    readLengths(node, marginFields, fields);
+    readSelection(node, pagesetup::paperSource, systemPrinterDefault(&PrinterInfo::currentPaperBin),
+                  choices.paperSources, paperSource);
+    readLengths(node, marginFields, *this);
     // The check box takes 0 (clear) and 1 (ticked) only; it keeps its state otherwise.
-    const int mirror = GetXmlInteger(QStringLiteral("MirrorMargins"), node, 0);
+    const int mirror = GetXmlInteger(name(pagesetup::mirrorMargins), node, 0);
     if (mirror == 0 || mirror == 1)
-        fields.mirrorMargins = mirror == 1;
-    fields.landscape = GetXmlInteger(QStringLiteral("Orientation"), node, 0) != 0;
-    fields.columnsPerSheet = GetXmlValue(QStringLiteral("ColumnsPerSheet"), node, QStringLiteral("1"));
-    readSelection(node, "PrintDirection", 0, choices.printDirections, fields.printDirection);
-    readLengths(node, labelFields, fields);
+        mirrorMargins = mirror == 1;
+    landscape = GetXmlInteger(name(pagesetup::orientation), node, 0) != 0;
+    columnsPerSheet = GetXmlValue(name(pagesetup::columnsPerSheet), node, QStringLiteral("1"));
+    readSelection(node, pagesetup::printDirection, 0, choices.printDirections, printDirection);
+    readLengths(node, labelFields, *this);
     return true;
 }
 
-bool WritePageSetup(PrinterConfigurations *store, const QString &configuration,
-                    const PageSetup &fields)
+bool PageSetup::write(pugi::xml_document &document) const
 {
-    const Document document = load(store, configuration);
-    const pugi::xml_node node = document.pageSetup;
+    const pugi::xml_node node = pageSetupNode(document);
     if (!node)
         return false;
 
-    writeLengths(node, marginFields, fields);
-    SetXmlSingle(QStringLiteral("MirrorMargins"), fields.mirrorMargins ? 1.0f : 0.0f, node);
-    SetXmlInteger(QStringLiteral("Orientation"), fields.landscape ? 1 : 0, node);
-    writeCode(node, "PaperSize", fields.paperSize);
-    writeSingle(node, "PaperWidth", fields.paperWidth);
-    writeSingle(node, "PaperHeight", fields.paperHeight);
-    writeCode(node, "PaperSource", fields.paperSource);
-    if (const auto columns = values::textToInt16(fields.columnsPerSheet))
-        SetXmlInteger(QStringLiteral("ColumnsPerSheet"), *columns, node);
-    writeCode(node, "PrintDirection", fields.printDirection);
-    writeLengths(node, labelFields, fields);
-    return SaveXmlDocument(*document.xml, document.path);
+    writeLengths(node, marginFields, *this);
+    SetXmlSingle(name(pagesetup::mirrorMargins), mirrorMargins ? 1.0f : 0.0f, node);
+    SetXmlInteger(name(pagesetup::orientation), landscape ? 1 : 0, node);
+    writeCode(node, pagesetup::paperSize, paperSize);
+    writeSingle(node, pagesetup::paperWidth, paperWidth);
+    writeSingle(node, pagesetup::paperHeight, paperHeight);
+    writeCode(node, pagesetup::paperSource, paperSource);
+    if (const auto columns = values::textToInt16(columnsPerSheet))
+        SetXmlInteger(name(pagesetup::columnsPerSheet), *columns, node);
+    writeCode(node, pagesetup::printDirection, printDirection);
+    writeLengths(node, labelFields, *this);
+    return true;
+}
+
+bool ReadPageSetup(const QString &file, const PageSetupChoices &choices, PageSetup &fields)
+{
+    const XmlDocumentPtr document = LoadXmlFile(file);
+    return document && fields.read(*document, choices);
+}
+
+bool WritePageSetup(const QString &file, const PageSetup &fields)
+{
+    const XmlDocumentPtr document = LoadXmlFile(file);
+    return document && fields.write(*document) && SaveXmlDocument(*document, file);
 }
 
 } // namespace bravcpl5

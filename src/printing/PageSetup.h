@@ -3,15 +3,15 @@
 // The page setup of a printer configuration (its "PageSetup" element) as the page setup
 // dialog holds it: the texts of its fields, the item codes selected in its lists, and the
 // states of its check box and orientation options. The dialog binds these to its
-// controls; reading and writing the file works on the value alone.
+// controls; reading and writing a document works on the value alone.
+
+#include "library/XmlDocument.h"
 
 #include <QList>
 #include <QString>
 #include <optional>
 
 namespace bravcpl5 {
-
-class PrinterConfigurations;
 
 // What the dialog's lists offer, as the item codes of their entries, in list order.
 struct PageSetupChoices {
@@ -44,20 +44,23 @@ struct PageSetup {
     QString labelHeight;
 
     bool operator==(const PageSetup &) const = default;
+
+    // Fills the fields from a document's "PageSetup" element: stored values, else the
+    // defaults (the system default printer's current paper size and bin). A stored code
+    // that the choices lack selects their first entry. Paper width and height are read
+    // only for a custom size (code 256 and up); otherwise they keep what the chosen paper
+    // gave them. False, with the fields untouched, when there is no "PageSetup" element.
+    bool read(const pugi::xml_document &document, const PageSetupChoices &choices);
+    // Stores the fields into the document's "PageSetup" element, which is never created.
+    // A field whose text is not a number, or a list with nothing selected, leaves its
+    // element as it was. False when there is no "PageSetup" element.
+    bool write(pugi::xml_document &document) const;
 };
 
-// Fills `fields` from the configuration's file: stored values, else the defaults (the
-// system default printer's current paper size and bin). A stored code that the choices
-// lack selects their first entry. Paper width and height are read only for a custom size
-// (code 256 and up); otherwise they keep what the chosen paper gave them. False, with
-// `fields` untouched, when there is no file or it has no "PageSetup" element.
-bool ReadPageSetup(PrinterConfigurations *store, const QString &configuration,
-                   const PageSetupChoices &choices, PageSetup &fields);
-
-// Stores `fields` into the configuration's file and saves it in place. A field whose text
-// is not a number, or a list with nothing selected, leaves its element as it was. False
-// when there is no file, it has no "PageSetup" element, or it could not be saved.
-bool WritePageSetup(PrinterConfigurations *store, const QString &configuration,
-                    const PageSetup &fields);
+// The same on a configuration's file, found by the store: reading leaves `fields`
+// untouched when there is no file; writing saves the file in place and is false when it
+// could not.
+bool ReadPageSetup(const QString &file, const PageSetupChoices &choices, PageSetup &fields);
+bool WritePageSetup(const QString &file, const PageSetup &fields);
 
 } // namespace bravcpl5

@@ -3,6 +3,7 @@
 #include "library/LateBinding.h"
 #include "library/ValueRules.h"
 #include "library/Xml.h"
+#include "printing/PageSetupElements.h"
 #include "printing/ReportContract.h"
 
 #include <optional>
@@ -38,21 +39,21 @@ void ApplyPageSetupToReport(pugi::xml_node node, QObject *report)
 {
     QObject *settings = late::object(report, report::pageSettings);
 
-    late::set(settings, report::paperSize, int(GetXmlInteger(name(report::paperSize), node, 1)));
-    setLength(settings, report::paperWidth, twips(node, report::paperWidth, 8));
-    setLength(settings, report::paperHeight, twips(node, report::paperHeight, 11));
-    late::set(settings, report::paperSource, int(GetXmlInteger(name(report::paperSource), node, 7)));
-    setLength(settings, report::topMargin, twips(node, report::topMargin, 1));
-    setLength(settings, report::bottomMargin, twips(node, report::bottomMargin, 1));
-    setLength(settings, report::leftMargin, twips(node, report::leftMargin, 1));
-    setLength(settings, report::rightMargin, twips(node, report::rightMargin, 1));
+    late::set(settings, report::paperSize, int(GetXmlInteger(name(pagesetup::paperSize), node, 1)));
+    setLength(settings, report::paperWidth, twips(node, pagesetup::paperWidth, 8));
+    setLength(settings, report::paperHeight, twips(node, pagesetup::paperHeight, 11));
+    late::set(settings, report::paperSource, int(GetXmlInteger(name(pagesetup::paperSource), node, 7)));
+    setLength(settings, report::topMargin, twips(node, pagesetup::topMargin, 1));
+    setLength(settings, report::bottomMargin, twips(node, pagesetup::bottomMargin, 1));
+    setLength(settings, report::leftMargin, twips(node, pagesetup::leftMargin, 1));
+    setLength(settings, report::rightMargin, twips(node, pagesetup::rightMargin, 1));
     // The gutter goes through the twips conversion twice: 0.5 inch reaches the report as
     // 1036800. Reports laid out against this behaviour depend on it, so it stays.
-    if (const auto gutter = twips(node, report::gutter, 0))
+    if (const auto gutter = twips(node, pagesetup::gutter, 0))
         setLength(settings, report::gutter, values::toSingle(double(*gutter) * TwipsPerInch));
-    late::set(settings, report::mirrorMargins, GetXmlInteger(name(report::mirrorMargins), node, 0) > 0);
+    late::set(settings, report::mirrorMargins, GetXmlInteger(name(pagesetup::mirrorMargins), node, 0) > 0);
     late::set(settings, report::orientation,
-              GetXmlInteger(name(report::orientation), node, 0) == 0 ? report::portrait
+              GetXmlInteger(name(pagesetup::orientation), node, 0) == 0 ? report::portrait
                                                                       : report::landscape);
 
     const auto width = readNumber(settings, report::paperWidth);

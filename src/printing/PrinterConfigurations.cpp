@@ -7,6 +7,7 @@
 #include "library/Xml.h"
 #include "printing/ConfigurationFiles.h"
 #include "printing/ReportContract.h"
+#include "printing/PageSetupElements.h"
 #include "printing/PageSetupToReport.h"
 
 #include <QHash>
@@ -75,7 +76,7 @@ bool PrinterConfigurations::SetupPageFromPrinterConfiguration(const QString &Pri
     if (!document)
         return false;
     const pugi::xml_node pageSetup =
-        SelectSingleNode(*document, QStringLiteral("//PageSetup")).node();
+        SelectSingleNode(*document, QString::fromLatin1(pagesetup::xpath)).node();
     if (pageSetup)
         ApplyPageSetupToReport(pageSetup, oReport);
     return false;

@@ -45,7 +45,7 @@ protected:
     }
     PageSetup read(const PageSetupChoices &choices = officeLaser, PageSetup fields = {})
     {
-        EXPECT_TRUE(ReadPageSetup(store, QStringLiteral("Invoice"), choices, fields));
+        EXPECT_TRUE(ReadPageSetup(store->GetPrinterConfigurationFileFromName(QStringLiteral("Invoice")), choices, fields));
         return fields;
     }
     // The elements' texts in the saved file.
@@ -129,7 +129,7 @@ TEST_F(PageSetupTest, TextsAreShownAsStoredAndWrittenAsSingles)
     EXPECT_TRUE(f.landscape);
     EXPECT_TRUE(f.mirrorMargins);
     f.columnsPerSheet = QStringLiteral("2.6");
-    ASSERT_TRUE(WritePageSetup(store, QStringLiteral("Invoice"), f));
+    ASSERT_TRUE(WritePageSetup(store->GetPrinterConfigurationFileFromName(QStringLiteral("Invoice")), f));
 
     // ColumnsPerSheet: the nearest, halves to even.
     EXPECT_EQ(stored(path, {"TopMargin", "Orientation", "MirrorMargins", "ColumnsPerSheet", "HorizontalGap",
@@ -147,7 +147,7 @@ TEST_F(PageSetupTest, WhatCannotBeConvertedLeavesTheElementAsItWas)
     f.columnsPerSheet = QStringLiteral("40000"); // beyond a 16-bit integer
     f.paperSize.reset();
     f.topMargin = QStringLiteral("100"); // typed values are not range-checked
-    ASSERT_TRUE(WritePageSetup(store, QStringLiteral("Invoice"), f));
+    ASSERT_TRUE(WritePageSetup(store->GetPrinterConfigurationFileFromName(QStringLiteral("Invoice")), f));
 
     EXPECT_EQ(stored(path, {"PaperWidth", "Gutter", "ColumnsPerSheet", "PaperSize", "TopMargin"}),
               QStringList({"4", "0.25", "2", "5", "100"}));
@@ -157,7 +157,7 @@ TEST_F(PageSetupTest, WhatIsWrittenReadsBackTheSame)
 {
     configure("");
     const PageSetup f{"0.5", "0.75", "0.25", "1.5", "0.125", true, true, 256, "4", "6", 4, "3", 1, "0.1", "0.2", "2.625", "1"};
-    ASSERT_TRUE(WritePageSetup(store, QStringLiteral("Invoice"), f));
+    ASSERT_TRUE(WritePageSetup(store->GetPrinterConfigurationFileFromName(QStringLiteral("Invoice")), f));
 
     EXPECT_TRUE(read() == f);
 }
@@ -167,12 +167,12 @@ TEST_F(PageSetupTest, WithoutAPageSetupElementNothingIsReadOrWritten)
     const QString path = host.writeUserFile(QStringLiteral("Invoice.pcx"), "<PrinterConfiguration/>");
     PageSetup f;
     f.topMargin = QStringLiteral("untouched");
-    EXPECT_FALSE(ReadPageSetup(store, QStringLiteral("Invoice"), officeLaser, f));
+    EXPECT_FALSE(ReadPageSetup(store->GetPrinterConfigurationFileFromName(QStringLiteral("Invoice")), officeLaser, f));
     EXPECT_EQ(f.topMargin, "untouched");
-    EXPECT_FALSE(WritePageSetup(store, QStringLiteral("Invoice"), f));
+    EXPECT_FALSE(WritePageSetup(store->GetPrinterConfigurationFileFromName(QStringLiteral("Invoice")), f));
     EXPECT_EQ(readFile(path), "<PrinterConfiguration/>");
-    EXPECT_FALSE(ReadPageSetup(store, QStringLiteral("Missing"), officeLaser, f));
-    EXPECT_FALSE(WritePageSetup(nullptr, QStringLiteral("Invoice"), f));
+    EXPECT_FALSE(ReadPageSetup(store->GetPrinterConfigurationFileFromName(QStringLiteral("Missing")), officeLaser, f));
+    EXPECT_FALSE(WritePageSetup(QString(), f));
 }
 
 } // namespace
