@@ -32,9 +32,9 @@ QFont qtFont(const FontDefinition &font)
 } // namespace
 
 frmGeneralReportFonts::frmGeneralReportFonts(std::int16_t reportType, QWidget *parent)
-    : ModalForm(parent, false, Placement::Default), ui(std::make_unique<Ui::frmGeneralReportFonts>()),
-      m_reportType(reportType)
+    : ModalForm(parent, false, Placement::Default), ui(std::make_unique<Ui::frmGeneralReportFonts>())
 {
+    m_list.reportType = reportType;
     ui->setupUi(this);
     if (reportType == processReports) {
         setObjectName(QStringLiteral("frmProcessReportFonts"));
@@ -70,7 +70,7 @@ void frmGeneralReportFonts::SetupFontList()
 void frmGeneralReportFonts::firstActivation()
 {
     LoadFontList();
-    AddMissingFontTypes(m_fonts, m_reportType);
+    m_list.addMissingTypes();
     showFonts();
 }
 
@@ -79,25 +79,25 @@ void frmGeneralReportFonts::LoadFontList()
     // A fresh document, never the service's cached one.
     XmlDocumentPtr document;
     if (m_layout)
-        document = m_reportType == processReports ? m_layout->processReportFontsDocument()
+        document = m_list.reportType == processReports ? m_layout->processReportFontsDocument()
                                                   : m_layout->generalReportFontsDocument(false);
     if (!document) {
         ResetFontList();
         return;
     }
-    m_fonts = ReadFontList(*document, m_reportType);
+    m_list.read(*document);
     showFonts();
 }
 
 void frmGeneralReportFonts::ResetFontList()
 {
-    m_fonts = DefaultFonts(m_reportType);
+    m_list.fonts = DefaultFonts(m_list.reportType);
     showFonts();
 }
 
 QTreeWidgetItem *frmGeneralReportFonts::rowItem(const FontDefinition &font) const
 {
-    auto *item = new QTreeWidgetItem({FontTypeDisplayName(m_reportType, font.type), FontTypeSample(font.type),
+    auto *item = new QTreeWidgetItem({FontTypeDisplayName(m_list.reportType, font.type), FontTypeSample(font.type),
                                       font.name, flag(font.bold), flag(font.italic), flag(font.underline),
                                       flag(font.strikeout), values::singleToText(font.size),
                                       values::integerToText(font.color), values::integerToText(font.type)});
@@ -115,8 +115,8 @@ void frmGeneralReportFonts::showFonts()
     const int current = ui->rptFonts->indexOfTopLevelItem(ui->rptFonts->currentItem());
     ui->rptFonts->clear();
     QList<QTreeWidgetItem *> rows;
-    rows.reserve(m_fonts.size());
-    for (const FontDefinition &font : std::as_const(m_fonts))
+    rows.reserve(m_list.fonts.size());
+    for (const FontDefinition &font : std::as_const(m_list.fonts))
         rows.append(rowItem(font));
     ui->rptFonts->addTopLevelItems(rows);
     if (!rows.isEmpty())
@@ -126,9 +126,9 @@ void frmGeneralReportFonts::showFonts()
 void frmGeneralReportFonts::cmdChangeFont_Click()
 {
     const int row = ui->rptFonts->indexOfTopLevelItem(ui->rptFonts->currentItem());
-    if (row < 0 || row >= m_fonts.size())
+    if (row < 0 || row >= m_list.fonts.size())
         return;
-    FontDefinition &font = m_fonts[row];
+    FontDefinition &font = m_list.fonts[row];
     FontColorDialog dialog(this);
     dialog.setCurrentFont(qtFont(font));
     dialog.setColor(ColorFromWindows(font.color));
@@ -150,13 +150,12 @@ void frmGeneralReportFonts::cmdChangeFont_Click()
 void frmGeneralReportFonts::SaveFontList()
 {
     // The user's copy, even where only the system's exists; a failed save is silent.
-    const XmlDocumentPtr document = FontListDocument(m_fonts, m_reportType);
-    if (!document || !m_layout)
+    if (!m_layout)
         return;
-    const QString file = m_reportType == processReports ? m_layout->ProcessReportFontsFile(true)
+    const QString file = m_list.reportType == processReports ? m_layout->ProcessReportFontsFile(true)
                                                         : m_layout->GeneralReportFontsFile(true);
     if (!file.isEmpty())
-        SaveXmlDocument(*document, file);
+        m_list.save(file);
 }
 
 void frmGeneralReportFonts::cmdOK_Click()

@@ -9,6 +9,7 @@
 
 #include "forms/ModalForm.h"
 #include "layout/FontTypes.h"
+#include "layout/ReportFontList.h"
 
 #include <QPointer>
 #include <memory>
@@ -53,9 +54,8 @@ private:
     QTreeWidgetItem *rowItem(const FontDefinition &font) const;
 
     std::unique_ptr<Ui::frmGeneralReportFonts> ui;
-    std::int16_t m_reportType;
     QPointer<ReportLayout> m_layout;
-    QList<FontDefinition> m_fonts; // what the grid shows, row for row
+    ReportFontList m_list; // what the grid shows, row for row
 };
 
 } // namespace bravcpl5

@@ -16,11 +16,11 @@ QString flag(bool on) { return on ? QStringLiteral("1") : QStringLiteral("0"); }
 
 } // namespace
 
-QList<FontDefinition> ReadFontList(const pugi::xml_document &document, std::int16_t reportType)
+void ReportFontList::read(const pugi::xml_document &document)
 {
-    QList<FontDefinition> fonts;
+    fonts.clear();
     if (reportType != generalReports && reportType != processReports)
-        return fonts;
+        return;
     const pugi::xpath_node section =
         SelectSingleNode(document, QStringLiteral("//ReportFonts/") + sectionName(reportType));
     for (pugi::xml_node node : section.node().children("Font")) {
@@ -40,10 +40,17 @@ QList<FontDefinition> ReadFontList(const pugi::xml_document &document, std::int1
                          .value_or(0);
         fonts.append(font);
     }
-    return fonts;
 }
 
-void AddMissingFontTypes(QList<FontDefinition> &fonts, std::int16_t reportType)
+ReportFontList ReportFontList::fromDocument(const pugi::xml_document &document, std::int16_t reportType)
+{
+    ReportFontList list;
+    list.reportType = reportType;
+    list.read(document);
+    return list;
+}
+
+void ReportFontList::addMissingTypes()
 {
     if (reportType != processReports)
         return;
@@ -55,7 +62,7 @@ void AddMissingFontTypes(QList<FontDefinition> &fonts, std::int16_t reportType)
     }
 }
 
-XmlDocumentPtr FontListDocument(const QList<FontDefinition> &fonts, std::int16_t reportType)
+XmlDocumentPtr ReportFontList::toDocument() const
 {
     XmlDocumentPtr document = CreateXmlDocument(QStringLiteral("ReportFonts"));
     if (!document)
@@ -73,6 +80,12 @@ XmlDocumentPtr FontListDocument(const QList<FontDefinition> &fonts, std::int16_t
         SetXmlAttribute(node, QStringLiteral("color"), values::integerToText(font.color));
     }
     return document;
+}
+
+bool ReportFontList::save(const QString &path) const
+{
+    const XmlDocumentPtr document = toDocument();
+    return document && SaveXmlDocument(*document, path);
 }
 
 } // namespace bravcpl5
