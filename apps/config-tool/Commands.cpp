@@ -1,0 +1,249 @@
+#include "Commands.h"
+
+#include "library/LateBinding.h"
+#include "library/Registry.h"
+#include "library/WholeFile.h"
+#include "library/Xml.h"
+#include "printing/PageSetupElements.h"
+#include "printing/PrinterConfigurations.h"
+#include "printing/PrinterInfo.h"
+
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+using namespace bravcpl5;
+
+namespace {
+
+constexpr auto exportFormat = "bravcpl5-printer-assignments";
+constexpr int exportVersion = 1;
+
+QObject *store(CommandContext &context) { return late::object(context.library, "PrinterConfigurations"); }
+
+QObject *host(CommandContext &context) { return late::object(context.library, "SharedCodeLibrary"); }
+
+QStringList configurationNames(CommandContext &context)
+{
+    QStringList names = late::value(store(context), "GetPrinterConfigurations", {true}).toStringList();
+    names.removeAll(QString());
+    return names;
+}
+
+// The configuration's own spelling of `name`; "" when there is none.
+QString findConfiguration(CommandContext &context, const QString &name)
+{
+    for (const QString &configuration : configurationNames(context)) {
+        if (configuration.compare(name, Qt::CaseInsensitive) == 0)
+            return configuration;
+    }
+    return QString();
+}
+
+QString ownPrinter(CommandContext &context, const QString &configuration)
+{
+    return late::text(store(context), "GetPrinterForConfiguration", {configuration, true});
+}
+
+// Every assignment of this workstation's profile, names as they were first written.
+QList<std::pair<QString, QString>> assignments(CommandContext &context)
+{
+    const QString key = PrinterConfigurationsKey(host(context));
+    return key.isEmpty() ? QList<std::pair<QString, QString>>() : GetRegValues(HKEY_CURRENT_USER_HANDLE, key);
+}
+
+QString inches(const QString &text) { return text.isEmpty() ? QStringLiteral("-") : text + QStringLiteral(" in"); }
+
+QString paperDimensions(const PaperSizeInfo &size)
+{
+    return QStringLiteral("%1 x %2 in").arg(size.widthTwips / 1440.0, 0, 'g', 4).arg(size.heightTwips / 1440.0, 0, 'g', 4);
+}
+
+int refuse(CommandContext &context, const QString &why)
+{
+    context.err << "bravcpl5-config: " << why << Qt::endl;
+    return Refused;
+}
+
+} // namespace
+
+QString DefaultAssignmentName() { return QString::fromLatin1(DefaultPrinterValueName); }
+
+int ListConfigurations(CommandContext &context, bool json)
+{
+    QJsonArray rows;
+    QList<QStringList> table;
+    for (const QString &name : configurationNames(context)) {
+        const QString file = late::text(store(context), "GetPrinterConfigurationFileFromName", {name});
+        const bool system = late::value(store(context), "PrinterConfigurationIsSystem", {file}).toBool();
+        const QString printer = ownPrinter(context, name);
+        rows.append(QJsonObject{{"name", name}, {"printer", printer}, {"file", file}, {"system", system}});
+        table.append({name, printer.isEmpty() ? QStringLiteral("-") : printer,
+                      system ? QStringLiteral("yes") : QStringLiteral("no"), file});
+    }
+    const QString fallback = ownPrinter(context, DefaultAssignmentName());
+    if (json) {
+        const QJsonObject answer{{"default", fallback}, {"configurations", rows}};
+        context.out << QJsonDocument(answer).toJson(QJsonDocument::Indented);
+        return Done;
+    }
+    table.prepend({QStringLiteral("CONFIGURATION"), QStringLiteral("PRINTER"), QStringLiteral("SHARED"),
+                   QStringLiteral("FILE")});
+    QList<qsizetype> widths(4, 0);
+    for (const QStringList &row : std::as_const(table)) {
+        for (int column = 0; column < 3; ++column)
+            widths[column] = qMax(widths[column], row[column].size());
+    }
+    for (const QStringList &row : std::as_const(table))
+        context.out << row[0].leftJustified(widths[0] + 2) << row[1].leftJustified(widths[1] + 2)
+                    << row[2].leftJustified(widths[2] + 2) << row[3] << '\n';
+    context.out << "Default printer: " << (fallback.isEmpty() ? QStringLiteral("-") : fallback) << '\n';
+    return Done;
+}
+
+int AssignPrinter(CommandContext &context, const QString &configuration, const QString &printer)
+{
+    const bool fallback = configuration == DefaultAssignmentName();
+    const QString name = fallback ? configuration : findConfiguration(context, configuration);
+    if (name.isEmpty())
+        return refuse(context, QStringLiteral("there is no printer configuration named '%1'").arg(configuration));
+    const QString installed = FindPrinter(CurrentPrinterInfo(), printer);
+    if (installed.isEmpty())
+        return refuse(context, QStringLiteral("there is no printer named '%1' on this computer").arg(printer));
+    late::call(store(context), "SetPrinterForConfiguration", {name, installed});
+    if (ownPrinter(context, name) != installed)
+        return refuse(context, QStringLiteral("the assignment could not be saved"));
+    context.out << name << " -> " << installed << '\n';
+    return Done;
+}
+
+int UnassignPrinter(CommandContext &context, const QString &configuration)
+{
+    const bool fallback = configuration == DefaultAssignmentName();
+    const QString name = fallback ? configuration : findConfiguration(context, configuration);
+    if (name.isEmpty())
+        return refuse(context, QStringLiteral("there is no printer configuration named '%1'").arg(configuration));
+    // An empty printer reads as none everywhere.
+    late::call(store(context), "SetPrinterForConfiguration", {name, QString()});
+    context.out << name << " has no printer of its own now\n";
+    return Done;
+}
+
+int ShowConfiguration(CommandContext &context, const QString &configuration)
+{
+    const QString name = findConfiguration(context, configuration);
+    if (name.isEmpty())
+        return refuse(context, QStringLiteral("there is no printer configuration named '%1'").arg(configuration));
+    const QString file = late::text(store(context), "GetPrinterConfigurationFileFromName", {name});
+    const XmlDocumentPtr document = LoadXmlFile(file);
+    if (!document)
+        return refuse(context, QStringLiteral("the file '%1' cannot be read").arg(file));
+    const pugi::xml_node setup = SelectSingleNode(*document, QString::fromLatin1(pagesetup::xpath)).node();
+    const auto value = [&](const char *element) { return GetXmlValue(QString::fromLatin1(element), setup, QString()); };
+
+    const QString printer = late::text(store(context), "GetPrinterForConfiguration", {name, false});
+    context.out << "Configuration: " << name << '\n' << "File: " << file << '\n'
+                << "Printer: " << (printer.isEmpty() ? QStringLiteral("-") : printer) << '\n';
+    for (const char *element : {pagesetup::topMargin, pagesetup::bottomMargin, pagesetup::leftMargin,
+                                pagesetup::rightMargin, pagesetup::gutter, pagesetup::labelWidth,
+                                pagesetup::labelHeight, pagesetup::horizontalGap, pagesetup::verticalGap})
+        context.out << element << ": " << inches(value(element)) << '\n';
+    const QString columns = value(pagesetup::columnsPerSheet);
+    context.out << pagesetup::orientation << ": "
+                << (value(pagesetup::orientation).toInt() != 0 ? "landscape" : "portrait") << '\n'
+                << pagesetup::columnsPerSheet << ": " << (columns.isEmpty() ? QStringLiteral("-") : columns) << '\n';
+
+    // What the printer makes of the stored codes.
+    const PrinterInfo &info = CurrentPrinterInfo();
+    const QString installed = FindPrinter(info, printer);
+    // A code that is not stored is the printer's current one.
+    const QString storedSize = value(pagesetup::paperSize);
+    const int sizeCode = storedSize.isEmpty() ? info.currentPaperSize(installed) : storedSize.toInt();
+    QString size = QStringLiteral("code %1, not offered by the printer").arg(sizeCode);
+    for (const PaperSizeInfo &paper : info.paperSizes(installed)) {
+        if (paper.code == sizeCode)
+            size = QStringLiteral("%1 (code %2, %3)").arg(paper.name).arg(sizeCode).arg(paperDimensions(paper));
+    }
+    if (sizeCode >= 256)
+        size += QStringLiteral("; stored size %1 x %2").arg(inches(value(pagesetup::paperWidth)),
+                                                             inches(value(pagesetup::paperHeight)));
+    const QString storedBin = value(pagesetup::paperSource);
+    const int binCode = storedBin.isEmpty() ? info.currentPaperBin(installed) : storedBin.toInt();
+    QString bin = QStringLiteral("code %1, not offered by the printer").arg(binCode);
+    for (const PaperBinInfo &source : info.paperBins(installed)) {
+        if (source.code == binCode)
+            bin = QStringLiteral("%1 (code %2)").arg(source.name).arg(binCode);
+    }
+    context.out << "Paper size: " << size << (storedSize.isEmpty() ? " (the printer's own)" : "") << '\n'
+                << "Paper source: " << bin << (storedBin.isEmpty() ? " (the printer's own)" : "") << '\n';
+    return Done;
+}
+
+int VerifyConfigurations(CommandContext &context)
+{
+    QStringList unassigned;
+    for (const QString &name : configurationNames(context)) {
+        if (ownPrinter(context, name).isEmpty())
+            unassigned << name;
+    }
+    if (unassigned.isEmpty()) {
+        context.out << "Every printer configuration has a printer.\n";
+        return Done;
+    }
+    context.out << "Printer configurations without a printer:\n";
+    for (const QString &name : std::as_const(unassigned))
+        context.out << "  " << name << '\n';
+    return Unassigned;
+}
+
+int ExportAssignments(CommandContext &context, const QString &file)
+{
+    QJsonObject printers;
+    for (const auto &[name, printer] : assignments(context)) {
+        if (!printer.isEmpty())
+            printers.insert(name, printer);
+    }
+    const QJsonObject document{{"format", exportFormat}, {"version", exportVersion}, {"assignments", printers}};
+    if (!WriteWholeFile(file, QJsonDocument(document).toJson(QJsonDocument::Indented)))
+        return refuse(context, QStringLiteral("the file '%1' could not be written").arg(file));
+    context.out << printers.size() << " assignments written to " << file << '\n';
+    return Done;
+}
+
+int ImportAssignments(CommandContext &context, const QString &file)
+{
+    QFile input(file);
+    if (!input.open(QIODevice::ReadOnly))
+        return refuse(context, QStringLiteral("the file '%1' cannot be read").arg(file));
+    QJsonParseError error;
+    const QJsonDocument document = QJsonDocument::fromJson(input.read(1024 * 1024), &error);
+    const QJsonObject root = document.object();
+    if (error.error != QJsonParseError::NoError || root.value("format").toString() != QLatin1String(exportFormat) ||
+        root.value("version").toInt() != exportVersion || !root.value("assignments").isObject())
+        return refuse(context, QStringLiteral("'%1' is not an export of bravcpl5-config").arg(file));
+    // Checked whole before anything is written: a bad entry changes nothing.
+    const QJsonObject printers = root.value("assignments").toObject();
+    for (auto it = printers.begin(); it != printers.end(); ++it) {
+        if (it.key().isEmpty() || !it.value().isString() || it.value().toString().isEmpty())
+            return refuse(context, QStringLiteral("'%1' holds an assignment without a name or printer").arg(file));
+    }
+    for (auto it = printers.begin(); it != printers.end(); ++it)
+        late::call(store(context), "SetPrinterForConfiguration", {it.key(), it.value().toString()});
+    context.out << printers.size() << " assignments read from " << file << '\n';
+    return Done;
+}
+
+int ListPrinters(CommandContext &context)
+{
+    const PrinterInfo &info = CurrentPrinterInfo();
+    const QString fallback = info.defaultPrinterName();
+    for (const QString &printer : info.printerNames()) {
+        context.out << printer << (printer == fallback ? " (default)" : "") << '\n';
+        for (const PaperSizeInfo &size : info.paperSizes(printer))
+            context.out << "  size " << size.code << '\t' << size.name << '\t' << paperDimensions(size) << '\n';
+        for (const PaperBinInfo &bin : info.paperBins(printer))
+            context.out << "  bin  " << bin.code << '\t' << bin.name << '\n';
+    }
+    return Done;
+}

@@ -1,0 +1,31 @@
+#pragma once
+
+// The commands of bravcpl5-config, each over a Library created by name for the tool's
+// host. A command prints its answer on `out`, its complaints on `err`, and returns the
+// process's exit status: 0 done, 1 verify found a configuration without a printer, 2 the
+// request could not be carried out (nothing was changed then).
+
+#include <QStringList>
+#include <QTextStream>
+
+class QObject;
+
+struct CommandContext {
+    QObject *library = nullptr;
+    QTextStream &out;
+    QTextStream &err;
+};
+
+enum ExitStatus { Done = 0, Unassigned = 1, Refused = 2 };
+
+int ListConfigurations(CommandContext &context, bool json);
+int AssignPrinter(CommandContext &context, const QString &configuration, const QString &printer);
+int UnassignPrinter(CommandContext &context, const QString &configuration);
+int ShowConfiguration(CommandContext &context, const QString &configuration);
+int VerifyConfigurations(CommandContext &context);
+int ExportAssignments(CommandContext &context, const QString &file);
+int ImportAssignments(CommandContext &context, const QString &file);
+int ListPrinters(CommandContext &context);
+
+// The registry value that names the fallback printer, as `assign --default` sets it.
+QString DefaultAssignmentName();

@@ -1,0 +1,153 @@
+// bravcpl5-config run as an administrator runs it: over a temporary settings tree and
+// registry file, against the sandboxed cupsd's printers.
+
+#include "support/QtPrinters.h"
+#include "support/SandboxCups.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+namespace bravcpl5::test {
+namespace {
+
+struct ToolRun {
+    int status = -1;
+    QString out, err;
+};
+
+class ConfigTool : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        SKIP_WITHOUT_CUPSD();
+        QDir root(folder.path());
+        root.mkpath(QStringLiteral("system"));
+        root.mkpath(QStringLiteral("user"));
+        write(QStringLiteral("system/Letter.pcx"),
+              "<PrinterConfiguration><Identification><System>1</System></Identification>"
+              "<PageSetup><PaperSize>1</PaperSize><PaperSource>4</PaperSource><TopMargin>.5</TopMargin></PageSetup>"
+              "</PrinterConfiguration>");
+        write(QStringLiteral("user/Shipping Labels.pcx"),
+              "<PrinterConfiguration><PageSetup><PaperSize>256</PaperSize><PaperWidth>4</PaperWidth>"
+              "<PaperHeight>6</PaperHeight></PageSetup></PrinterConfiguration>");
+    }
+
+    void write(const QString &name, const QByteArray &content)
+    {
+        QFile file(QDir(folder.path()).filePath(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(content);
+    }
+    QByteArray registry(const QString &profile = QStringLiteral("Acme"))
+    {
+        QFile file(registryFile(profile));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<none>");
+    }
+    QString registryFile(const QString &profile) const
+    {
+        return QDir(folder.path()).filePath(profile + QStringLiteral(".ini"));
+    }
+
+    ToolRun run(const QStringList &arguments, const QString &profile = QStringLiteral("Acme"))
+    {
+        QProcess tool;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("BRAVCPL5_SYSTEM_FOLDER"), QDir(folder.path()).filePath("system"));
+        environment.insert(QStringLiteral("BRAVCPL5_USER_FOLDER"), QDir(folder.path()).filePath("user"));
+        environment.insert(QStringLiteral("BRAVCPL5_PROFILE"), profile);
+        environment.insert(QStringLiteral("BRAVCPL5_REGISTRY"), registryFile(profile));
+        tool.setProcessEnvironment(environment);
+        tool.start(QStringLiteral(BRAVCPL5_CONFIG_TOOL), arguments);
+        ToolRun result;
+        if (!tool.waitForFinished(30000))
+            return result;
+        result.status = tool.exitCode();
+        result.out = QString::fromUtf8(tool.readAllStandardOutput());
+        result.err = QString::fromUtf8(tool.readAllStandardError());
+        return result;
+    }
+
+    QTemporaryDir folder;
+};
+
+TEST_F(ConfigTool, AssignmentsAreListedVerifiedAndCarriedToAnotherWorkstation)
+{
+    ToolRun verify = run({"verify"});
+    EXPECT_EQ(verify.status, 1);
+    EXPECT_TRUE(verify.out.contains("Letter") && verify.out.contains("Shipping Labels")) << verify.out.toStdString();
+
+    EXPECT_EQ(run({"assign", "LETTER", "office-laser"}).status, 0); // names in any case
+    EXPECT_EQ(run({"assign", "shipping labels", "Label-Printer"}).status, 0);
+    EXPECT_EQ(run({"assign", "--default", "Office-Laser"}).status, 0);
+    verify = run({"verify"});
+    EXPECT_EQ(verify.status, 0) << verify.out.toStdString();
+
+    const ToolRun list = run({"list", "--json"});
+    ASSERT_EQ(list.status, 0);
+    const QJsonObject listed = QJsonDocument::fromJson(list.out.toUtf8()).object();
+    EXPECT_EQ(listed.value("default").toString(), "Office-Laser");
+    QStringList rows;
+    for (const QJsonValue &row : listed.value("configurations").toArray()) {
+        const QJsonObject r = row.toObject();
+        rows << r.value("name").toString() + "|" + r.value("printer").toString() + "|" +
+                    QFileInfo(r.value("file").toString()).fileName() + "|" + (r.value("system").toBool() ? "1" : "0");
+    }
+    EXPECT_EQ(rows, QStringList({"Letter|Office-Laser|Letter.pcx|1", "Shipping Labels|Label-Printer|Shipping Labels.pcx|0"}));
+
+    const ToolRun show = run({"show", "letter"});
+    EXPECT_TRUE(show.out.contains("TopMargin: .5 in")) << show.out.toStdString();
+    EXPECT_TRUE(show.out.contains("Paper size: Letter (code 1")) << show.out.toStdString();
+    EXPECT_TRUE(show.out.contains("Paper source: Manual Feed (code 4)")) << show.out.toStdString();
+
+    // Export here, import on a workstation that has nothing yet: the same assignments.
+    const QString exported = QDir(folder.path()).filePath("acme.json");
+    EXPECT_EQ(run({"export", exported}).status, 0);
+    EXPECT_EQ(run({"import", exported}, "Fresh").status, 0);
+    EXPECT_EQ(run({"list", "--json"}, "Fresh").out, list.out);
+    EXPECT_EQ(run({"verify"}, "Fresh").status, 0);
+
+    EXPECT_EQ(run({"unassign", "Letter"}).status, 0);
+    EXPECT_EQ(run({"verify"}).status, 1);
+}
+
+TEST_F(ConfigTool, ARefusedRequestChangesNothing)
+{
+    ASSERT_EQ(run({"assign", "Letter", "Office-Laser"}).status, 0);
+    const QByteArray before = registry();
+    write("malformed.json", "{ not json");
+    write("foreign.json", R"({"format": "something else", "version": 1, "assignments": {}})");
+    write("halfbad.json", R"({"format": "bravcpl5-printer-assignments", "version": 1,
+                              "assignments": {"Letter": "Label-Printer", "Shipping Labels": ""}})");
+    const QDir root(folder.path());
+    const QList<QStringList> refused = {
+        {"assign", "Legal", "Office-Laser"},       // no such configuration
+        {"assign", "Letter", "Plotter"},           // no such printer
+        {"assign", "--default", "Plotter"},
+        {"unassign", "Legal"},
+        {"show", "Legal"},
+        {"import", root.filePath("missing.json")},
+        {"import", root.filePath("malformed.json")},
+        {"import", root.filePath("foreign.json")},
+        {"import", root.filePath("halfbad.json")}, // one bad entry: none is taken
+        {"export", root.filePath("no/such/folder/x.json")},
+        {"assign", "Letter"},
+        {"launch"},
+    };
+    for (const QStringList &arguments : refused) {
+        const ToolRun result = run(arguments);
+        EXPECT_EQ(result.status, 2) << arguments.join(' ').toStdString();
+        EXPECT_TRUE(result.err.startsWith("bravcpl5-config: ")) << result.err.toStdString();
+        EXPECT_EQ(registry(), before) << arguments.join(' ').toStdString();
+    }
+}
+
+} // namespace
+} // namespace bravcpl5::test
