@@ -7,7 +7,6 @@
 #include "library/Xml.h"
 #include "library/LateBinding.h"
 
-#include <sstream>
 
 namespace bravcpl5 {
 
@@ -15,11 +14,7 @@ namespace {
 
 QString documentText(const XmlDocumentPtr &document)
 {
-    if (!document)
-        return QString();
-    std::ostringstream out;
-    document->save(out, "  ", pugi::format_indent, pugi::encoding_utf8);
-    return QString::fromStdString(out.str());
+    return document ? QString::fromUtf8(XmlDocumentText(*document)) : QString();
 }
 
 XmlDocumentPtr loadIfExists(const QString &path)

@@ -5,6 +5,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <algorithm>
 #include <string>
 
 namespace bravcpl5 {
@@ -25,32 +26,87 @@ QString &lastError()
 
 std::string utf8(const QString &text) { return text.toUtf8().toStdString(); }
 
-// The file reader: the size first, then the whole file decoded as UTF-8.
+// Real settings documents are a handful of levels deep; a deeper one is refused whole, so
+// that nothing downstream meets a document it could not walk or save back.
+constexpr int maxElementDepth = 64;
+// Saved documents are indented for people to read while that stays cheap; a deeper one is
+// written without indentation, so that a save never grows a document by more than a small
+// factor (indentation is at most this many levels on any line).
+constexpr int maxIndentedDepth = 8;
+
 qint64 fileSize(const QString &path)
 {
     const QFileInfo info(path);
     return info.isFile() ? info.size() : 0;
 }
 
-QString readTextFile(const QString &path)
+// Visits every node below `root` in document order without recursing, however deep the
+// document; `visit` gets each node and its depth below `root` (children of `root` are 1).
+template <typename Visit> void walk(pugi::xml_node root, Visit visit)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return QString();
-    QString text = QString::fromUtf8(file.readAll());
-    if (text.startsWith(QChar(0xFEFF)))
-        text.remove(0, 1);
-    return text;
+    int depth = 0;
+    pugi::xml_node node = root.first_child();
+    if (node)
+        depth = 1;
+    while (node) {
+        visit(node, depth);
+        if (node.first_child()) {
+            node = node.first_child();
+            ++depth;
+            continue;
+        }
+        while (node && node != root && !node.next_sibling()) {
+            node = node.parent();
+            --depth;
+        }
+        if (!node || node == root)
+            break;
+        node = node.next_sibling();
+    }
 }
 
+int elementDepth(const pugi::xml_node &root)
+{
+    int deepest = 0;
+    walk(root, [&](pugi::xml_node node, int depth) {
+        if (node.type() == pugi::node_element)
+            deepest = std::max(deepest, depth);
+    });
+    return deepest;
+}
+
+// The text of the node's character data at any depth, in document order.
 void collectText(pugi::xml_node node, std::string &out)
 {
-    for (pugi::xml_node child : node.children()) {
+    walk(node, [&](pugi::xml_node child, int) {
         if (child.type() == pugi::node_pcdata || child.type() == pugi::node_cdata)
             out += child.value();
-        else if (child.type() == pugi::node_element)
-            collectText(child, out);
+    });
+}
+
+// Parses `bytes` in the encoding they declare (a byte-order mark, or UTF-8), and refuses
+// what is malformed, has no root element, or nests too deeply, saying why in LastXmlError.
+XmlDocumentPtr parse(const QByteArray &bytes, pugi::xml_encoding encoding)
+{
+    lastError().clear();
+    if (bytes.isEmpty())
+        return nullptr;
+    auto doc = std::make_unique<pugi::xml_document>();
+    const pugi::xml_parse_result result =
+        doc->load_buffer(bytes.constData(), size_t(bytes.size()), parseOptions, encoding);
+    if (!result) {
+        lastError() = QStringLiteral("%1 at offset %2").arg(QString::fromUtf8(result.description())).arg(result.offset);
+        return nullptr;
     }
+    if (!doc->document_element()) {
+        lastError() = QStringLiteral("No root element");
+        return nullptr;
+    }
+    if (elementDepth(*doc) > maxElementDepth) {
+        lastError() = QStringLiteral("Elements nested more than %1 levels deep").arg(maxElementDepth);
+        return nullptr;
+    }
+    return doc;
 }
 
 } // namespace
@@ -70,31 +126,13 @@ XmlDocumentPtr LoadXmlFile(const QString &path)
     const qint64 size = fileSize(path);
     if (size <= 0 || size > maxDocumentBytes)
         return nullptr;
-    const QString text = readTextFile(path);
-    if (text.isEmpty())
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
         return nullptr;
-    return LoadXmlText(text);
+    return parse(file.readAll(), pugi::encoding_auto);
 }
 
-XmlDocumentPtr LoadXmlText(const QString &text)
-{
-    lastError().clear();
-    if (text.isEmpty())
-        return nullptr;
-    auto doc = std::make_unique<pugi::xml_document>();
-    const QByteArray bytes = text.toUtf8();
-    const pugi::xml_parse_result result =
-        doc->load_buffer(bytes.constData(), size_t(bytes.size()), parseOptions, pugi::encoding_utf8);
-    if (!result) {
-        lastError() = QString::fromUtf8(result.description());
-        return nullptr;
-    }
-    if (!doc->document_element()) {
-        lastError() = QStringLiteral("No root element");
-        return nullptr;
-    }
-    return doc;
-}
+XmlDocumentPtr LoadXmlText(const QString &text) { return parse(text.toUtf8(), pugi::encoding_utf8); }
 
 QString LastXmlError() { return lastError(); }
 
@@ -244,13 +282,19 @@ struct ByteArrayWriter final : pugi::xml_writer {
 };
 } // namespace
 
+QByteArray XmlDocumentText(const pugi::xml_document &document)
+{
+    ByteArrayWriter writer;
+    const bool indent = elementDepth(document) <= maxIndentedDepth;
+    document.save(writer, "  ", indent ? pugi::format_indent : pugi::format_raw, pugi::encoding_utf8);
+    return writer.bytes;
+}
+
 bool SaveXmlDocument(const pugi::xml_document &document, const QString &path)
 {
     if (path.isEmpty())
         return false;
-    ByteArrayWriter writer;
-    document.save(writer, "  ", pugi::format_indent, pugi::encoding_utf8);
-    return WriteWholeFile(path, writer.bytes);
+    return WriteWholeFile(path, XmlDocumentText(document));
 }
 
 } // namespace bravcpl5

@@ -13,6 +13,7 @@
 
 #include "library/XmlDocument.h"
 
+#include <QByteArray>
 #include <QString>
 #include <cstdint>
 
@@ -20,7 +21,9 @@ namespace bravcpl5 {
 
 // A new document holding the declaration <?xml version="1.0"?> and an empty root element.
 XmlDocumentPtr CreateXmlDocument(const QString &rootName);
-// Null when the file is missing, empty, larger than a settings file can be, or not XML.
+// Null when the file is missing, empty, larger than a settings file can be, not XML, or
+// nested deeper than a settings document ever is (LastXmlError says why, with the offset
+// of a parse error). A file's encoding comes from its byte-order mark, else UTF-8.
 XmlDocumentPtr LoadXmlFile(const QString &path);
 XmlDocumentPtr LoadXmlText(const QString &text);
 QString LastXmlError();
@@ -50,6 +53,9 @@ QString NodeText(const pugi::xpath_node &node);
 
 // Saves whole or not at all (WriteWholeFile): a failed save returns false and leaves the
 // previous file byte-for-byte as it was.
+// The document as UTF-8 text: indented while it is shallow enough for that to stay cheap,
+// else without indentation; it always loads again.
+QByteArray XmlDocumentText(const pugi::xml_document &document);
 bool SaveXmlDocument(const pugi::xml_document &document, const QString &path);
 
 } // namespace bravcpl5
