@@ -3,6 +3,7 @@
 // dialog comes up with its rows drawn in their fonts. All run offscreen, from creating the
 // dialog (or starting the edit) to the first frame painted with the rows (or the list).
 
+#include "forms/frmGeneralReportFields.h"
 #include "forms/frmGeneralReportFilters.h"
 #include "forms/frmGeneralReportFonts.h"
 #include "forms/frmPrinterConfigurations.h"
@@ -18,6 +19,8 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QFileInfo>
+#include <QPushButton>
 #include <QListView>
 #include <QLocale>
 #include <QStandardPaths>
@@ -180,6 +183,44 @@ void BM_VendorChoices(benchmark::State &state)
         benchmark::DoNotOptimize(FillFilterChoices(&setting.host, QStringLiteral("vendor"), 1));
 }
 BENCHMARK(BM_VendorChoices)->Arg(100000)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+// A report configuration with `count` fields and as many filters.
+QByteArray configurationWithFieldsAndFilters(int count)
+{
+    QByteArray xml = "<?xml version=\"1.0\"?>\n<Report><Fields>\n";
+    for (int i = 0; i < count; ++i)
+        xml += "<Field" + QByteArray::number(i) + " label=\"Field " + QByteArray::number(i) + "\" size=\"1.5\"/>\n";
+    xml += "</Fields><Filters>\n";
+    for (int i = 0; i < count; ++i)
+        xml += "<Filter" + QByteArray::number(i) + " label=\"Filter " + QByteArray::number(i) +
+               "\" type=\"\" value=\"text " + QByteArray::number(i) + "\"/>\n";
+    return xml + "</Filters></Report>\n";
+}
+
+// OK on a dialog opened on `count` entries: the values written back and the file saved.
+template <typename Form> void okOnLargeConfiguration(benchmark::State &state, const char *grid)
+{
+    Setting setting(0, 0);
+    const QString file = setting.host.writeSystemFile(QStringLiteral("Huge.rpx"),
+                                                      configurationWithFieldsAndFilters(int(state.range(0))));
+    const qint64 loadedSize = QFileInfo(file).size();
+    for (auto _ : state) {
+        state.PauseTiming();
+        Form form;
+        form.SetConfiguration(file, &setting.library);
+        untilRowsPainted(form, form.template findChild<QTreeWidget *>(QLatin1String(grid)));
+        auto *ok = form.template findChild<QPushButton *>(QStringLiteral("cmdOK"));
+        state.ResumeTiming();
+        ok->click();
+    }
+    state.counters["saved/loaded"] = double(QFileInfo(file).size()) / double(loadedSize);
+}
+
+void BM_OkOnFields(benchmark::State &state) { okOnLargeConfiguration<frmGeneralReportFields>(state, "rptItems"); }
+BENCHMARK(BM_OkOnFields)->Arg(16000)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(3);
+
+void BM_OkOnFilters(benchmark::State &state) { okOnLargeConfiguration<frmGeneralReportFilters>(state, "rptItems"); }
+BENCHMARK(BM_OkOnFilters)->Arg(16000)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(3);
 
 // A settings tree with `count` configurations, half shared and half the user's, each with
 // a printer of its own.

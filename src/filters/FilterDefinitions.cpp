@@ -7,6 +7,8 @@
 #include "library/ValueRules.h"
 #include "library/Xml.h"
 
+#include <QMultiHash>
+
 namespace bravcpl5 {
 
 namespace {
@@ -150,12 +152,16 @@ QList<FilterRow> LoadFilterRows(QObject *host, const pugi::xml_document &documen
 bool SaveFilterValues(pugi::xml_document &document, const QList<FilterRow> &rows,
                       const QString &file)
 {
-    const pugi::xml_node filters = SelectSingleNode(document, filtersPath).node();
+    // Matched by name only: filters sharing a name all take the value. The elements are
+    // indexed once, so that a save takes time in proportion to the filters.
+    QMultiHash<QString, pugi::xml_node> byName;
+    for (pugi::xml_node node : SelectSingleNode(document, filtersPath).node().children()) {
+        if (node.type() == pugi::node_element)
+            byName.insert(QString::fromUtf8(node.name()), node);
+    }
     for (const FilterRow &row : rows) {
-        const std::string name = row.identifier.toStdString();
-        // Matched by name only: filters sharing a name all take the value.
-        for (pugi::xml_node node : filters.children(name.c_str()))
-            SetXmlAttribute(node, QStringLiteral("value"), row.value);
+        for (auto it = byName.constFind(row.identifier); it != byName.cend() && it.key() == row.identifier; ++it)
+            SetXmlAttribute(*it, QStringLiteral("value"), row.value);
     }
     return SaveXmlDocument(document, file);
 }

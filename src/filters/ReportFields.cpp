@@ -3,6 +3,8 @@
 #include "library/ValueRules.h"
 #include "library/Xml.h"
 
+#include <QHash>
+
 namespace bravcpl5 {
 
 namespace {
@@ -39,15 +41,16 @@ bool SaveReportFields(pugi::xml_document *document, const QList<OutputField> &fi
 {
     if (!document)
         return false;
-    if (const pugi::xml_node element = fieldsElement(*document)) {
-        for (const OutputField &field : fields) {
-            for (pugi::xml_node node = element.first_child(); node; node = node.next_sibling()) {
-                if (nameOf(node) == field.key) {
-                    SetXmlAttribute(node, QStringLiteral("size"), field.size);
-                    break;
-                }
-            }
-        }
+    // The first element of each name takes the size; indexed once, so that a save takes
+    // time in proportion to the fields.
+    QHash<QString, pugi::xml_node> byName;
+    for (pugi::xml_node node = fieldsElement(*document).first_child(); node; node = node.next_sibling()) {
+        if (!byName.contains(nameOf(node)))
+            byName.insert(nameOf(node), node);
+    }
+    for (const OutputField &field : fields) {
+        if (const auto it = byName.constFind(field.key); it != byName.cend())
+            SetXmlAttribute(*it, QStringLiteral("size"), field.size);
     }
     return SaveXmlDocument(*document, file);
 }
