@@ -177,8 +177,14 @@ QString toShortDate(const QDate &date, const QLocale &locale)
 
 QDate parseShortDate(const QString &text, const QLocale &locale)
 {
-    // The order of day, month and year comes from the locale's short format; the
-    // separators may be any non-digits, as people type them.
+    const QString trimmed = text.trimmed();
+    // What toShortDate wrote reads back exactly, month names and the locale's digits included.
+    const QDate written = locale.toDate(trimmed, shortDateFormat(locale));
+    if (written.isValid())
+        return written;
+
+    // Typed dates: the order of day, month and year comes from the locale's short format;
+    // the separators may be any of the usual ones, and digits of any script count.
     const QString format = locale.dateFormat(QLocale::ShortFormat);
     QList<QChar> order;
     for (QChar c : format) {
@@ -189,22 +195,25 @@ QDate parseShortDate(const QString &text, const QLocale &locale)
     if (order.size() != 3)
         order = {u'm', u'd', u'y'};
 
+    // Code points rather than QChars: some scripts' digits lie outside the BMP.
+    const QList<uint> points = trimmed.toUcs4();
     QList<int> parts;
     QList<int> widths;
-    const QString trimmed = text.trimmed();
     qsizetype i = 0;
-    while (i < trimmed.size()) {
-        if (!trimmed[i].isDigit()) {
-            if (!(trimmed[i] == u'/' || trimmed[i] == u'-' || trimmed[i] == u'.'
-                  || trimmed[i] == u' '))
+    while (i < points.size()) {
+        if (!QChar::isDigit(char32_t(points[i]))) {
+            if (!(points[i] == u'/' || points[i] == u'-' || points[i] == u'.' || points[i] == u' '))
                 return {};
             ++i;
             continue;
         }
+        int value = 0;
         qsizetype j = i;
-        while (j < trimmed.size() && trimmed[j].isDigit())
-            ++j;
-        parts.append(trimmed.mid(i, j - i).toInt());
+        for (; j < points.size() && QChar::isDigit(char32_t(points[j])) && j - i < 9; ++j)
+            value = value * 10 + QChar::digitValue(char32_t(points[j]));
+        if (j < points.size() && QChar::isDigit(char32_t(points[j])))
+            return {}; // longer than any part of a date
+        parts.append(value);
         widths.append(int(j - i));
         i = j;
     }

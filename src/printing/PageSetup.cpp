@@ -54,15 +54,18 @@ std::optional<int> systemPrinterDefault(int (PrinterInfo::*current)(const QStrin
 }
 
 // Selects the stored code (or the default) in a list: that entry, else the first, else
-// nothing. Without a usable default the step does nothing.
+// nothing. Without a default (no default printer, as on many CUPS workstations) only a
+// stored code counts, and the first entry still stands in for anything else.
 void readSelection(pugi::xml_node node, const char *element, std::optional<int> defaultCode,
                    const QList<int> &codes, std::optional<int> &selected)
 {
     const auto fallback = defaultCode ? values::toInt16(*defaultCode) : std::nullopt;
-    if (!fallback)
-        return;
-    const int code = GetXmlInteger(name(element), node, *fallback);
-    if (codes.contains(code))
+    std::optional<int> code;
+    if (fallback)
+        code = GetXmlInteger(name(element), node, *fallback);
+    else
+        code = values::textToInt16(GetXmlValue(name(element), node, QString()));
+    if (code && codes.contains(*code))
         selected = code;
     else if (!codes.isEmpty())
         selected = codes.first();

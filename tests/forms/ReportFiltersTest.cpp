@@ -267,5 +267,30 @@ TEST_F(FiltersDialog, AFileWithoutFiltersShowsNoRowsAndOkSavesIt)
     EXPECT_TRUE(test::readFile(file).contains("<Title>Bare</Title>"));
 }
 
+// A custom range written in the user's locale survives OK after OK, whatever that locale
+// writes: month names in C, day first in German, year first in Japanese.
+class FiltersDialogInLocale : public FiltersDialog, public ::testing::WithParamInterface<const char *> {
+protected:
+    FiltersDialogInLocale() { QLocale::setDefault(QLocale(QString::fromLatin1(GetParam()))); }
+    ~FiltersDialogInLocale() override { QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates)); }
+};
+
+TEST_P(FiltersDialogInLocale, ACustomRangeSurvivesTwoOks)
+{
+    const QString range = CustomDateRangeText(QDate(2024, 3, 1), QDate(2024, 3, 31));
+    file = host.writeSystemFile(QStringLiteral("Range.rpx"),
+                                "<Report><Filters><ShipDate type=\"daterange\" value=\"" + range.toUtf8()
+                                    + "\"/></Filters></Report>");
+    EXPECT_TRUE(runThenOk([](QWidget *) {}));
+    EXPECT_TRUE(runThenOk([](QWidget *) {}));
+    EXPECT_EQ(value("ShipDate"), range);
+    QDate start, end;
+    ParseCustomDateRange(range, start, end);
+    EXPECT_EQ(start, QDate(2024, 3, 1));
+    EXPECT_EQ(end, QDate(2024, 3, 31));
+}
+
+INSTANTIATE_TEST_SUITE_P(Locales, FiltersDialogInLocale, ::testing::Values("C", "de_DE", "ja_JP"));
+
 } // namespace
 } // namespace bravcpl5

@@ -72,6 +72,31 @@ TEST(ValueRules, ShortDatesHaveFourDigitYearsAndParseInTheLocaleOrder)
         EXPECT_EQ(parseShortDate(QString::fromUtf8(text), locale), date) << text;
 }
 
+// Every date the value rules write, they read back, in every locale Qt knows: month and
+// year ends, a leap day, both centuries, with the locale's own month names and digits.
+TEST(ValueRules, ShortDatesReadBackInEveryLocale)
+{
+    const QDate dates[] = {QDate(2024, 1, 31), QDate(2024, 2, 29), QDate(2023, 12, 31),
+                           QDate(1999, 12, 31), QDate(2030, 6, 1),  QDate(2024, 3, 1)};
+    const QList<QLocale> locales =
+        QLocale::matchingLocales(QLocale::AnyLanguage, QLocale::AnyScript, QLocale::AnyTerritory);
+    ASSERT_GT(locales.size(), 300);
+    QStringList failures;
+    for (const QLocale &locale : locales) {
+        for (const QDate &date : dates) {
+            const QString text = toShortDate(date, locale);
+            if (parseShortDate(text, locale) != date)
+                failures << locale.name() + ": " + text;
+        }
+    }
+    EXPECT_TRUE(failures.isEmpty()) << failures.size() << " failures, e.g. "
+                                    << failures.mid(0, 10).join(" | ").toStdString();
+    // The C locale writes month names; Arabic in Egypt its own digits.
+    EXPECT_EQ(toShortDate(QDate(2024, 3, 1), QLocale::c()), QStringLiteral("1 Mar 2024"));
+    EXPECT_EQ(parseShortDate(QStringLiteral("١/٣/٢٠٢٤"), QLocale(QLocale::Arabic, QLocale::Egypt)),
+              QDate(2024, 3, 1));
+}
+
 TEST(ValueRules, VariantTextAndLeadingNumbersFollowThePlatform)
 {
     EXPECT_EQ(variantToText(QVariant(true), us), QStringLiteral("True"));

@@ -75,10 +75,16 @@ TEST_F(PageSetupTest, AnEmptyPageSetupReadsTheDefaultsWhichFollowTheDefaultPrint
     EXPECT_EQ(f.paperSize, 9);
     EXPECT_EQ(f.paperSource, 1); // 0 is not offered: the first entry
 
-    printer->name.clear(); // nothing to fall back on: the lists stay unselected
+    // No default printer, as on many CUPS workstations: the first entries still stand in.
+    printer->name.clear();
     f = read();
-    EXPECT_FALSE(f.paperSize.has_value());
-    EXPECT_FALSE(f.paperSource.has_value());
+    EXPECT_EQ(f.paperSize, 1);
+    EXPECT_EQ(f.paperSource, 1);
+    EXPECT_EQ(f.printDirection, 0);
+    configure("<PaperSize>20</PaperSize><PaperSource>banana</PaperSource>");
+    f = read();
+    EXPECT_EQ(f.paperSize, 20); // a stored code still wins
+    EXPECT_EQ(f.paperSource, 1);
 }
 
 TEST_F(PageSetupTest, SelectsTheStoredCodeElseTheFirst)
