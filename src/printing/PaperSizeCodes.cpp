@@ -1,6 +1,6 @@
 #include "printing/PaperSizeCodes.h"
 
-#include <QSet>
+#include "printing/NumberCodes.h"
 #include <cmath>
 
 namespace bravcpl5 {
@@ -69,17 +69,7 @@ int StandardPaperSizeCode(const QSizeF &points)
 
 QList<int> NumberPaperSizes(const QList<QSizeF> &points)
 {
-    QList<int> codes;
-    QSet<int> taken;
-    int next = FirstPrinterPaperCode;
-    for (const QSizeF &size : points) {
-        int code = StandardPaperSizeCode(size);
-        if (code == 0 || taken.contains(code))
-            code = next++;
-        taken.insert(code);
-        codes.append(code);
-    }
-    return codes;
+    return NumberCodes(points, FirstPrinterPaperCode, StandardPaperSizeCode);
 }
 
 } // namespace bravcpl5
