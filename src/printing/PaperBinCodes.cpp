@@ -1,6 +1,6 @@
 #include "printing/PaperBinCodes.h"
 
-#include <QSet>
+#include "printing/NumberCodes.h"
 
 namespace bravcpl5 {
 
@@ -52,17 +52,7 @@ int StandardPaperBinCode(const QString &keyword)
 
 QList<int> NumberPaperBins(const QStringList &keywords)
 {
-    QList<int> codes;
-    QSet<int> taken;
-    int next = FirstPrinterBinCode;
-    for (const QString &keyword : keywords) {
-        int code = StandardPaperBinCode(keyword);
-        if (code == 0 || taken.contains(code))
-            code = next++;
-        taken.insert(code);
-        codes.append(code);
-    }
-    return codes;
+    return NumberCodes(keywords, FirstPrinterBinCode, StandardPaperBinCode);
 }
 
 } // namespace bravcpl5

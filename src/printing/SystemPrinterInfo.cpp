@@ -2,9 +2,8 @@
 
 #include "library/Units.h"
 #include "printing/CupsQueue.h"
-#include "printing/PaperBinCodes.h"
+#include "printing/PaperSizeCodes.h"
 
-#include <QPageSize>
 #include <QPrinterInfo>
 #include <cmath>
 
@@ -12,11 +11,8 @@ namespace bravcpl5 {
 
 namespace {
 
-constexpr int FirstPrinterPaperCode = 256;
-
-// Printers and paper sizes as Qt reports them; paper bins from CUPS, which Qt does not
-// expose. Sizes without a Windows code get codes from 256 up, in the printer's order, so
-// each is unique for that printer.
+// Printers as Qt reports them; paper sizes and bins from the CUPS queue itself, since Qt
+// rounds sizes and matches them to its own list.
 class SystemPrinterInfo final : public PrinterInfo
 {
 public:
@@ -24,15 +20,18 @@ public:
 
     QString defaultPrinterName() const override { return QPrinterInfo::defaultPrinterName(); }
 
+    // The queue's own sizes with the driver's names and exact dimensions, converted to
+    // twips once; codes by dimensions, so twins and variants stay apart.
     QList<PaperSizeInfo> paperSizes(const QString &printer) const override
     {
+        const CupsQueue queue = ReadCupsQueue(FindPrinter(*this, printer));
+        QList<QSizeF> points;
+        for (const CupsPaperSize &size : queue.sizes)
+            points.append(size.points);
+        const QList<int> codes = NumberPaperSizes(points);
         QList<PaperSizeInfo> sizes;
-        const QPrinterInfo info = QPrinterInfo::printerInfo(FindPrinter(*this, printer));
-        if (info.isNull())
-            return sizes;
-        int nextCustom = FirstPrinterPaperCode;
-        for (const QPageSize &size : info.supportedPageSizes())
-            sizes.append(describe(size, nextCustom));
+        for (int i = 0; i < queue.sizes.size(); ++i)
+            sizes.append({queue.sizes[i].name, codes[i], twips(points[i].width()), twips(points[i].height())});
         return sizes;
     }
 
@@ -46,15 +45,13 @@ public:
 
     int currentPaperSize(const QString &printer) const override
     {
-        const QPrinterInfo info = QPrinterInfo::printerInfo(FindPrinter(*this, printer));
-        if (info.isNull())
-            return 0;
-        const QPageSize current = info.defaultPageSize();
-        for (const PaperSizeInfo &size : paperSizes(printer)) {
-            if (size.name == current.name())
-                return size.code;
+        const CupsQueue queue = ReadCupsQueue(FindPrinter(*this, printer));
+        const QList<PaperSizeInfo> sizes = paperSizes(printer);
+        for (int i = 0; i < queue.sizes.size() && i < sizes.size(); ++i) {
+            if (queue.sizes[i].keyword == queue.defaultSize)
+                return sizes[i].code;
         }
-        return current.windowsId();
+        return 0;
     }
 
     int currentPaperBin(const QString &printer) const override
@@ -65,18 +62,7 @@ public:
     }
 
 private:
-    static PaperSizeInfo describe(const QPageSize &size, int &nextCustom)
-    {
-        PaperSizeInfo paper;
-        paper.name = size.name();
-        // Qt gives every size of its own the code 256 (user-defined).
-        const int code = size.id() == QPageSize::Custom ? 0 : size.windowsId();
-        paper.code = code > 0 && code < FirstPrinterPaperCode ? code : nextCustom++;
-        const QSizeF points = size.size(QPageSize::Point);
-        paper.widthTwips = int(std::lround(points.width() * TwipsPerPoint));
-        paper.heightTwips = int(std::lround(points.height() * TwipsPerPoint));
-        return paper;
-    }
+    static int twips(double points) { return int(std::lround(points * TwipsPerPoint)); }
 };
 
 } // namespace
