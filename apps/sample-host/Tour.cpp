@@ -4,13 +4,17 @@
 #include "MainWindow.h"
 #include "ReportOutput.h"
 
+#include "library/LateBinding.h"
+
 #include <QAction>
 #include <QApplication>
 #include <QDialog>
 #include <QDir>
 #include <QPixmap>
 #include <QTabWidget>
+#include <QScreen>
 #include <QTimer>
+#include <QTreeWidget>
 #include <functional>
 
 namespace {
@@ -34,6 +38,58 @@ bool saveDialog(QWidget *dialog, const QString &outputFolder, const QString &nam
 QString slug(QString text)
 {
     return text.toLower().replace(QLatin1Char(' '), QLatin1Char('-'));
+}
+
+// Runs `action` on the next modal widget that is named, or is of the class, `name`.
+void whenModal(const char *name, std::function<void(QWidget *)> action)
+{
+    auto *timer = new QTimer;
+    timer->setInterval(50);
+    QObject::connect(timer, &QTimer::timeout, [timer, name, action]() {
+        QWidget *modal = QApplication::activeModalWidget();
+        if (!modal || (modal->objectName() != QLatin1String(name) && !modal->inherits(name)))
+            return;
+        timer->stop();
+        timer->deleteLater();
+        action(modal);
+    });
+    timer->start();
+}
+
+// The printer configurations dialog as a user works in it: its printer drop-down open
+// (a pop-up of its own, so the screen is photographed), then a rename to a name that is
+// taken, and the message that refuses it.
+void printerConfigurationsAtWork(MainWindow &window, const QString &outputFolder, int &failures)
+{
+    whenModal("frmPrinterConfigurations", [&](QWidget *dialog) {
+        auto *grid = dialog->findChild<QTreeWidget *>(QStringLiteral("rptPrinters"));
+        if (!grid || grid->topLevelItemCount() < 2) {
+            ++failures;
+            dialog->close();
+            return;
+        }
+        grid->setCurrentItem(grid->topLevelItem(0), 1);
+        grid->editItem(grid->topLevelItem(0), 1);
+        QTimer::singleShot(300, dialog, [&, dialog, grid]() {
+            const QRect area(dialog->mapToGlobal(QPoint(0, 0)), dialog->size());
+            if (!dialog->screen()->grabWindow(0, area.x(), area.y(), area.width(), area.height())
+                     .save(QDir(outputFolder).filePath(QStringLiteral("printer-configurations-printer-list.png"))))
+                ++failures;
+            if (QWidget *popup = QApplication::activePopupWidget())
+                popup->close();
+            // Once the drop-down's editor has gone, as a user's next step would wait for it.
+            QTimer::singleShot(100, dialog, [&, dialog, grid]() {
+                whenModal("QMessageBox", [&, dialog](QWidget *box) {
+                    if (!SaveScreenshot(box, outputFolder, QStringLiteral("printer-configurations-rename-refused")))
+                        ++failures;
+                    box->close();
+                    QTimer::singleShot(0, dialog, &QWidget::close);
+                });
+                grid->topLevelItem(0)->setText(0, grid->topLevelItem(1)->text(0));
+            });
+        });
+    });
+    bravcpl5::late::call(window.library(), "ShowPrinterConfigurations");
 }
 
 } // namespace
@@ -90,6 +146,8 @@ int RunTour(MainWindow &window, const QString &outputFolder)
     window.selectReport(0);
     for (const MainWindow::TourStep &step : window.tourSteps())
         runStep(step.screenshotName, step.run);
+
+    printerConfigurationsAtWork(window, outputFolder, failures);
 
     window.diagnostics()->showUpdated();
     QApplication::processEvents();
