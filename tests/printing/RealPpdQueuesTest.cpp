@@ -1,0 +1,113 @@
+// The system printer information against queues made from real PPDs of Debian's printer
+// driver packages (scripts/cups-sandbox), compared with the PPD text itself.
+
+#include "printing/PrinterInfo.h"
+#include "support/PpdText.h"
+#include "support/SandboxCups.h"
+
+#include <QSet>
+#include <gtest/gtest.h>
+
+using namespace bravcpl5;
+using namespace bravcpl5::test;
+
+namespace {
+
+// The sandbox's real-PPD queues, by what each one shows.
+const char *const realQueues[] = {
+    "Real-HP-LaserJet-4250",       "Real-HP-LaserJet-5200",     "Real-HP-LaserJet-9050",
+    "Real-HP-Color-LaserJet-2500", "Real-HP-DesignJet-4000",    "Real-HP-DesignJet-Z6dr",
+    "Real-Brother-HL-2600CN",      "Real-Lexmark-C540",         "Real-Kyocera-FS-1000-de",
+    "Real-DYMO-LabelWriter-450",   "Real-DYMO-LabelWriter-4XL", "Real-Brother-PT-P700",
+    "Real-Brother-QL-550"};
+
+class RealPpdQueueTest : public ::testing::TestWithParam<const char *>
+{
+protected:
+    void SetUp() override
+    {
+        SKIP_WITHOUT_CUPSD();
+        ppd = ReadQueuePpd(queue());
+        if (!ppd.found)
+            GTEST_SKIP() << "queue " << GetParam()
+                         << " not in the sandbox (driver package missing)";
+    }
+    QString queue() const { return QString::fromUtf8(GetParam()); }
+
+    std::unique_ptr<PrinterInfo> info = CreateSystemPrinterInfo();
+    PpdText ppd;
+};
+
+// Every PageSize of the PPD, in its order, with its own name and its PaperDimension within
+// a twip; the current size is the PPD's default.
+TEST_P(RealPpdQueueTest, SizesAreThePpdsOwnWithinATwip)
+{
+    const PpdOption *pageSize = ppd.option(QStringLiteral("PageSize"));
+    ASSERT_TRUE(pageSize);
+    const QList<PaperSizeInfo> sizes = info->paperSizes(queue());
+    QStringList expected, listed;
+    for (const PpdChoice &choice : pageSize->choices) {
+        if (!ppd.dimensions.contains(choice.keyword))
+            continue; // a PageSize without a PaperDimension is no sheet
+        const QSizeF points = ppd.dimensions.value(choice.keyword);
+        expected << QStringLiteral("%1 %2x%3")
+                        .arg(choice.text)
+                        .arg(points.width() * 20)
+                        .arg(points.height() * 20);
+    }
+    for (qsizetype i = 0; i < sizes.size() && i < expected.size(); ++i) {
+        const QStringList wh = expected[i].section(u' ', -1).split(u'x');
+        listed << QStringLiteral("%1 %2x%3")
+                      .arg(sizes[i].name)
+                      .arg(std::abs(sizes[i].widthTwips - wh[0].toDouble()) <= 1
+                               ? wh[0].toDouble()
+                               : sizes[i].widthTwips)
+                      .arg(std::abs(sizes[i].heightTwips - wh[1].toDouble()) <= 1
+                               ? wh[1].toDouble()
+                               : sizes[i].heightTwips);
+    }
+    ASSERT_FALSE(expected.isEmpty());
+    EXPECT_EQ(sizes.size(), expected.size());
+    EXPECT_EQ(listed, expected.mid(0, listed.size()));
+
+    int defaultCode = -1;
+    for (qsizetype i = 0; i < pageSize->choices.size() && i < sizes.size(); ++i)
+        if (pageSize->choices[i].keyword == pageSize->defaultChoice)
+            defaultCode = sizes[i].code;
+    EXPECT_EQ(info->currentPaperSize(queue()), defaultCode);
+}
+
+// No two sizes and no two bins of a printer share a code, or a configuration could not
+// select one of them.
+TEST_P(RealPpdQueueTest, CodesAreUniquePerPrinter)
+{
+    QSet<int> sizeCodes, binCodes;
+    for (const PaperSizeInfo &size : info->paperSizes(queue())) {
+        EXPECT_FALSE(sizeCodes.contains(size.code)) << size.name.toStdString() << " " << size.code;
+        sizeCodes.insert(size.code);
+    }
+    for (const PaperBinInfo &bin : info->paperBins(queue())) {
+        EXPECT_FALSE(binCodes.contains(bin.code)) << bin.name.toStdString() << " " << bin.code;
+        binCodes.insert(bin.code);
+    }
+}
+
+// Every InputSlot choice is a bin with the driver's name.
+TEST_P(RealPpdQueueTest, EveryInputSlotIsABin)
+{
+    QStringList names;
+    for (const PaperBinInfo &bin : info->paperBins(queue()))
+        names << bin.name;
+    if (const PpdOption *inputSlot = ppd.option(QStringLiteral("InputSlot"))) {
+        for (const PpdChoice &choice : inputSlot->choices)
+            EXPECT_TRUE(names.contains(choice.text))
+                << choice.text.toStdString() << " not in " << names.join(u',').toStdString();
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Sandbox, RealPpdQueueTest, ::testing::ValuesIn(realQueues),
+                         [](const auto &info) {
+                             return QString::fromUtf8(info.param).remove(u'-').toStdString();
+                         });
+
+} // namespace
