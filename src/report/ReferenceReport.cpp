@@ -7,8 +7,7 @@
 
 namespace bravcpl5 {
 
-ReferenceReport::ReferenceReport(QObject *parent)
-    : QObject(parent)
+ReferenceReport::ReferenceReport(QObject *parent) : QObject(parent)
 {
     m_printer.setObjectName(QStringLiteral("Printer"));
     m_printer.setParent(this);
@@ -22,7 +21,8 @@ bool ReferenceReport::print(const PageDrawer &drawPage)
     PrinterInfo &printers = CurrentPrinterInfo();
     // An empty device name means the default printer, as for any report.
     const QString device = m_printer.deviceName();
-    const QString queue = FindPrinter(printers, device.isEmpty() ? printers.defaultPrinterName() : device);
+    const QString queue = FindPrinter(printers,
+                                      device.isEmpty() ? printers.defaultPrinterName() : device);
     const bool toPdf = !m_outputFileName.isEmpty();
     if (queue.isEmpty() && !toPdf)
         return false;
@@ -39,12 +39,7 @@ bool ReferenceReport::print(const PageDrawer &drawPage)
     const QString pdf = QDir(folder.path()).filePath(QStringLiteral("report.pdf"));
     if (!folder.isValid() || !render(pdf, drawPage))
         return false;
-    CupsOptions options;
-    if (!m_lastPage.mediaKeyword.isEmpty())
-        options.append({QStringLiteral("media"), m_lastPage.mediaKeyword});
-    if (!m_lastPage.binKeyword.isEmpty())
-        options.append({cups.binOption, m_lastPage.binKeyword});
-    m_lastJobId = SubmitCupsJob(queue, pdf, m_documentName, options);
+    m_lastJobId = SubmitCupsJob(queue, pdf, m_documentName, m_lastPage.jobOptions);
     return m_lastJobId > 0;
 }
 
@@ -72,7 +67,8 @@ bool ReferenceReport::render(const QString &pdfFile, const PageDrawer &drawPage)
     const QRectF paper(QPointF(0, 0), m_lastPage.paperTwips());
     for (int number = 1;; ++number) {
         painter.save();
-        const bool more = drawPage && drawPage(painter, {number, paper, m_lastPage.contentRect(number)});
+        const bool more = drawPage
+                          && drawPage(painter, {number, paper, m_lastPage.contentRect(number)});
         painter.restore();
         if (!more)
             break;

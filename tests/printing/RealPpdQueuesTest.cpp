@@ -92,22 +92,71 @@ TEST_P(RealPpdQueueTest, CodesAreUniquePerPrinter)
     }
 }
 
-// Every InputSlot choice is a bin with the driver's name.
-TEST_P(RealPpdQueueTest, EveryInputSlotIsABin)
+// Every source the PPD offers is a bin with the driver's name: the InputSlot choices, else
+// the driver's own source option's, and a separate ManualFeed option; a printer with none
+// has the one bin a job without a source takes.
+TEST_P(RealPpdQueueTest, EveryPaperSourceIsABin)
 {
+    QStringList expected;
+    const PpdOption *inputSlot = ppd.option(QStringLiteral("InputSlot"));
+    for (const PpdOption &option : ppd.options) {
+        const QString keyword = option.keyword.toLower();
+        const bool vendorSource = !inputSlot && option.group != QLatin1String("InstallableOptions")
+                                  && (keyword.contains(QLatin1String("papersource"))
+                                      || keyword.contains(QLatin1String("mediasource")));
+        if (&option == inputSlot || vendorSource)
+            for (const PpdChoice &choice : option.choices)
+                expected << choice.text;
+    }
+    if (const PpdOption *manual = ppd.option(QStringLiteral("ManualFeed")))
+        expected << (manual->text.isEmpty() ? QStringLiteral("Manual Feed") : manual->text);
+    if (expected.isEmpty())
+        expected << QStringLiteral("Automatically Select");
     QStringList names;
     for (const PaperBinInfo &bin : info->paperBins(queue()))
         names << bin.name;
-    if (const PpdOption *inputSlot = ppd.option(QStringLiteral("InputSlot"))) {
-        for (const PpdChoice &choice : inputSlot->choices)
-            EXPECT_TRUE(names.contains(choice.text))
-                << choice.text.toStdString() << " not in " << names.join(u',').toStdString();
-    }
+    EXPECT_EQ(names, expected);
 }
 
 INSTANTIATE_TEST_SUITE_P(Sandbox, RealPpdQueueTest, ::testing::ValuesIn(realQueues),
                          [](const auto &info) {
                              return QString::fromUtf8(info.param).remove(u'-').toStdString();
                          });
+
+// Standard bin codes as the drivers spell their bins, on the real queues.
+TEST(RealPpdBinCodesTest, CommonSpellingsHaveTheirStandardCodes)
+{
+    SKIP_WITHOUT_CUPSD();
+    const struct {
+        const char *queue;
+        const char *bin;
+        int code;
+    } cases[] = {
+        {"Real-HP-LaserJet-4250", "Tray 1 (Manual)", 4}, // InputSlot Tray1_Man
+        {"Real-HP-LaserJet-4250", "Envelope Feeder", 5}, // InputSlot EnvelopeFeeder
+        {"Real-HP-LaserJet-4250", "Automatic", 7},       // InputSlot Auto
+        {"Real-HP-LaserJet-4250", "Tray 1", 256},
+        {"Real-HP-Color-LaserJet-2500", "Tray 1 (Manual)", 4}, // a ManualFeed option
+        {"Real-Brother-HL-2600CN", "Manual Feed", 4},          // a ManualFeed option without a name
+        {"Real-HP-DesignJet-Z6dr", "Single Sheet", 4},         // HPPaperSource ManualFeed
+        {"Real-HP-DesignJet-Z6dr", "Printer Auto Select", 7},  // HPPaperSource Autoselect
+        {"Real-HP-DesignJet-4000", "Roll", 8},
+        {"Real-Lexmark-C540", "Manual Paper", 4}, // before the multi-purpose feeder
+        {"Real-Lexmark-C540", "Manual Envelope", 6},
+        {"Real-Kyocera-FS-1000-de", "Papierzufuhr Handeinzug", 4}, // InputSlot MF
+        {"Real-DYMO-LabelWriter-450", "Automatically Select", 7},
+    };
+    std::unique_ptr<PrinterInfo> info = CreateSystemPrinterInfo();
+    for (const auto &c : cases) {
+        const QList<PaperBinInfo> bins = info->paperBins(QString::fromUtf8(c.queue));
+        if (bins.isEmpty())
+            continue; // not in the sandbox
+        const auto found = std::find_if(bins.begin(), bins.end(), [&](const PaperBinInfo &bin) {
+            return bin.name == QString::fromUtf8(c.bin);
+        });
+        ASSERT_NE(found, bins.end()) << c.queue << " " << c.bin;
+        EXPECT_EQ(found->code, c.code) << c.queue << " " << c.bin;
+    }
+}
 
 } // namespace

@@ -13,14 +13,15 @@ CupsQueue officeLaser()
 {
     CupsQueue queue;
     queue.found = true;
-    queue.binOption = QStringLiteral("InputSlot");
-    queue.bins = {{"Upper", "Upper Tray", 1}, {"Lower", "Lower Tray", 2}, {"Manual", "Manual Feed", 4}};
-    queue.defaultBin = QStringLiteral("Lower");
+    queue.hasPpd = true;
+    queue.bins = {{"InputSlot", "Upper", "Upper Tray", 1}, {"InputSlot", "Lower", "Lower Tray", 2},
+                  {"InputSlot", "Manual", "Manual Feed", 4}};
+    queue.defaultBinCode = 2;
     const QMarginsF quarter(18, 18, 18, 18);
-    queue.sizes = {{"Letter", "Letter", QSizeF(612, 792), quarter},
-                   {"Legal", "Legal", QSizeF(612, 1008), quarter},
-                   {"w288h432", "Label 4 x 6", QSizeF(288, 432), QMarginsF(4, 8, 12, 16)}};
-    queue.defaultSize = QStringLiteral("Letter");
+    queue.sizes = {{"Letter", "Letter", QSizeF(612, 792), quarter, 1},
+                   {"Legal", "Legal", QSizeF(612, 1008), quarter, 5},
+                   {"w288h432", "Label 4 x 6", QSizeF(288, 432), QMarginsF(4, 8, 12, 16), 256}};
+    queue.defaultSizeCode = 1;
     return queue;
 }
 
