@@ -287,6 +287,31 @@ CupsQueue ReadCupsQueue(const QString &queue)
     return result;
 }
 
+QStringList ReadCupsQueueNames()
+{
+    ipp_t *request = ippNewRequest(IPP_OP_CUPS_GET_PRINTERS);
+    ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_KEYWORD, "requested-attributes", nullptr,
+                 "printer-name");
+    ipp_t *response = cupsDoRequest(CUPS_HTTP_DEFAULT, request, "/");
+    QStringList names;
+    for (ipp_attribute_t *a = ippFindAttribute(response, "printer-name", IPP_TAG_NAME); a;
+         a = ippFindNextAttribute(response, "printer-name", IPP_TAG_NAME))
+        names.append(QString::fromUtf8(ippGetString(a, 0, nullptr)));
+    ippDelete(response);
+    std::sort(names.begin(), names.end(), [](const QString &a, const QString &b) {
+        return a.compare(b, Qt::CaseInsensitive) < 0;
+    });
+    return names;
+}
+
+QString ReadCupsDefaultQueue()
+{
+    cups_dest_t *dest = cupsGetNamedDest(CUPS_HTTP_DEFAULT, nullptr, nullptr);
+    const QString name = dest ? QString::fromUtf8(dest->name) : QString();
+    cupsFreeDests(dest ? 1 : 0, dest);
+    return name;
+}
+
 int SubmitCupsJob(const QString &queue, const QString &file, const QString &title,
                   const CupsOptions &options)
 {

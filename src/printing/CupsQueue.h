@@ -60,6 +60,12 @@ struct CupsQueue {
 // "media-source" values. One request for the destination and one for its PPD.
 CupsQueue ReadCupsQueue(const QString &queue);
 
+// The server's queues by name, sorted without regard to case, from one request for their
+// names alone (asking for whole destinations costs seven times as much with 150 queues).
+QStringList ReadCupsQueueNames();
+// The default queue (the user's lpoptions and LPDEST/PRINTER first, as lp does); "" for none.
+QString ReadCupsDefaultQueue();
+
 // Sends a file to a queue as one job with these options; returns the job id, 0 on failure.
 int SubmitCupsJob(const QString &queue, const QString &file, const QString &title,
                   const CupsOptions &options);

@@ -3,21 +3,20 @@
 #include "library/Units.h"
 #include "printing/CupsQueue.h"
 
-#include <QPrinterInfo>
 #include <cmath>
 
 namespace bravcpl5 {
 
 namespace {
 
-// Printers as Qt reports them; paper sizes and bins from the CUPS queue itself, since Qt
-// rounds sizes and matches them to its own list. Each request reads the queue once, by its
-// name (CUPS finds queues without regard to case), not the whole printer list.
+// Printers, paper sizes and bins from CUPS itself: Qt rounds sizes and matches them to its
+// own list, and reads every destination whole for its printer list. Each request reads one
+// queue once, by its name (CUPS finds queues without regard to case).
 class SystemPrinterInfo final : public PrinterInfo
 {
 public:
-    QStringList printerNames() const override { return QPrinterInfo::availablePrinterNames(); }
-    QString defaultPrinterName() const override { return QPrinterInfo::defaultPrinterName(); }
+    QStringList printerNames() const override { return ReadCupsQueueNames(); }
+    QString defaultPrinterName() const override { return ReadCupsDefaultQueue(); }
     QList<PaperSizeInfo> paperSizes(const QString &printer) const override
     {
         return paper(printer).sizes;
