@@ -11,7 +11,7 @@
 
 namespace bravcpl5 {
 
-class CachedPrinterInfo final : public PrinterInfo
+class CachedPrinterInfo final : public PaperPrinterInfo
 {
 public:
     // `source` must outlive this object.
@@ -19,19 +19,6 @@ public:
 
     QStringList printerNames() const override;
     QString defaultPrinterName() const override;
-    QList<PaperSizeInfo> paperSizes(const QString &printer) const override
-    {
-        return paper(printer).sizes;
-    }
-    QList<PaperBinInfo> paperBins(const QString &printer) const override
-    {
-        return paper(printer).bins;
-    }
-    int currentPaperSize(const QString &printer) const override
-    {
-        return paper(printer).currentSize;
-    }
-    int currentPaperBin(const QString &printer) const override { return paper(printer).currentBin; }
     PrinterPaper paper(const QString &printer) const override;
 
     void refresh();

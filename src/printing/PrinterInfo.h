@@ -56,6 +56,23 @@ public:
     virtual PrinterPaper paper(const QString &printer) const;
 };
 
+// A PrinterInfo whose per-printer answers all come from one paper() read.
+class PaperPrinterInfo : public PrinterInfo
+{
+public:
+    QList<PaperSizeInfo> paperSizes(const QString &printer) const final
+    {
+        return paper(printer).sizes;
+    }
+    QList<PaperBinInfo> paperBins(const QString &printer) const final
+    {
+        return paper(printer).bins;
+    }
+    int currentPaperSize(const QString &printer) const final { return paper(printer).currentSize; }
+    int currentPaperBin(const QString &printer) const final { return paper(printer).currentBin; }
+    PrinterPaper paper(const QString &printer) const override = 0;
+};
+
 // The process's printer information.
 PrinterInfo &CurrentPrinterInfo();
 // Replaces it (tests); null restores the system's.

@@ -12,24 +12,11 @@ namespace {
 // Printers, paper sizes and bins from CUPS itself: Qt rounds sizes and matches them to its
 // own list, and reads every destination whole for its printer list. Each request reads one
 // queue once, by its name (CUPS finds queues without regard to case).
-class SystemPrinterInfo final : public PrinterInfo
+class SystemPrinterInfo final : public PaperPrinterInfo
 {
 public:
     QStringList printerNames() const override { return ReadCupsQueueNames(); }
     QString defaultPrinterName() const override { return ReadCupsDefaultQueue(); }
-    QList<PaperSizeInfo> paperSizes(const QString &printer) const override
-    {
-        return paper(printer).sizes;
-    }
-    QList<PaperBinInfo> paperBins(const QString &printer) const override
-    {
-        return paper(printer).bins;
-    }
-    int currentPaperSize(const QString &printer) const override
-    {
-        return paper(printer).currentSize;
-    }
-    int currentPaperBin(const QString &printer) const override { return paper(printer).currentBin; }
 
     // The queue's own sizes with the driver's names and exact dimensions, converted to
     // twips once, and its bins from every source.
