@@ -1,5 +1,7 @@
 #include "report/ReferenceReport.h"
 
+#include "report/PdfMediaBox.h"
+
 #include <QDir>
 #include <QPainter>
 #include <QPrinter>
@@ -74,7 +76,7 @@ bool ReferenceReport::render(const QString &pdfFile, const PageDrawer &drawPage)
             break;
         printer.newPage();
     }
-    return painter.end();
+    return painter.end() && SetExactMediaBox(pdfFile, m_lastPage.paperTwips() / TwipsPerPoint);
 }
 
 } // namespace bravcpl5

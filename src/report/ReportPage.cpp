@@ -135,7 +135,7 @@ void noteMargin(const char *name, double before, double after, QStringList &adju
 
 QSizeF ResolvedReportPage::paperTwips() const
 {
-    const QSizeF size = paper.size(QPageSize::Point) * TwipsPerPoint;
+    const QSizeF size = paperPoints * TwipsPerPoint;
     return orientation == QPageLayout::Portrait ? size : size.transposed();
 }
 
@@ -156,6 +156,7 @@ ResolvedReportPage ResolveReportPage(const ReportPageValues &values, const CupsQ
     QStringList &notes = page.adjustments;
     page.paper = requestedPaper(values, printerSizes, notes);
     const CupsPaperSize *size = queuePaper(values, queue, page.paper, notes);
+    page.paperPoints = size ? size->points : page.paper.size(QPageSize::Point);
     const CupsPaperBin *bin = queueBin(values, queue, notes);
     page.mediaKeyword = size ? size->keyword : QString();
     page.binKeyword = bin ? bin->keyword : QString();

@@ -101,9 +101,8 @@ TEST_P(RealPpdPrintTest, PrintsThatSizeFromThatBin)
     const PdfFacts pdf = ReadPdfFacts(document);
     const QSizeF points = ppd.dimensions.value(QString::fromUtf8(c.pageSize));
     EXPECT_EQ(pdf.pages, 1);
-    // Qt's PDF writer gives a page whole points; the job's PageSize carries the exact sheet.
-    EXPECT_NEAR(pdf.pageSize.width(), points.width(), 0.5);
-    EXPECT_NEAR(pdf.pageSize.height(), points.height(), 0.5);
+    EXPECT_NEAR(pdf.pageSize.width(), points.width(), 0.05) << "a twip";
+    EXPECT_NEAR(pdf.pageSize.height(), points.height(), 0.05) << "a twip";
 }
 
 INSTANTIATE_TEST_SUITE_P(Sandbox, RealPpdPrintTest,
