@@ -17,6 +17,8 @@ namespace {
 const QString inputSlot = QStringLiteral("InputSlot");
 const QString manualFeed = QStringLiteral("ManualFeed");
 constexpr int automaticBin = 7;
+// The largest sheet taken: 200 inches, beyond any roll a dealer prints on and within twips.
+constexpr double maximumPoints = 200 * 72;
 
 // The PPD calls are deprecated in favour of the IPP destination API, which gives neither
 // the driver's bin names nor the printable areas; they are still part of libcups.
@@ -143,7 +145,9 @@ void readSizes(ppd_file_t *ppd, const cups_dest_t *dest, CupsQueue &result)
     QList<QSizeF> points;
     for (int i = 0; i < ppd->num_sizes; ++i) {
         const ppd_size_t &paper = ppd->sizes[i];
-        if (qstrcmp(paper.name, "Custom") == 0)
+        // The custom size is no sheet, and neither is one without a usable size.
+        if (qstrcmp(paper.name, "Custom") == 0 || !(paper.width > 0 && paper.length > 0)
+            || !(paper.width < maximumPoints && paper.length < maximumPoints))
             continue;
         CupsPaperSize entry;
         entry.keyword = QString::fromUtf8(paper.name);
