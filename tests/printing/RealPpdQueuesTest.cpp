@@ -159,4 +159,48 @@ TEST(RealPpdBinCodesTest, CommonSpellingsHaveTheirStandardCodes)
     }
 }
 
+// Windows codes by dimensions on the real queues, whatever the driver calls the sheet; 0
+// here stands for a printer's own code (256 and up).
+TEST(RealPpdSizeCodesTest, StandardSheetsByTheirDimensionsOnly)
+{
+    SKIP_WITHOUT_CUPSD();
+    const struct {
+        const char *queue;
+        const char *size;
+        int code;
+    } cases[] = {
+        {"Real-Lexmark-C540", "Folio", 14},
+        {"Real-HP-LaserJet-4250", "8.5x13", 14},
+        {"Real-HP-LaserJet-4250", "Executive (JIS)", 0}, // 8.5 x 13 again, a point longer
+        {"Real-HP-DesignJet-4000", "C", 24},
+        {"Real-HP-DesignJet-4000", "D", 25},
+        {"Real-HP-DesignJet-4000", "E", 26},
+        {"Real-HP-DesignJet-4000", "Arch C", 0},
+        {"Real-HP-DesignJet-4000", "Arch D", 0},
+        {"Real-HP-DesignJet-4000", "Arch E", 0},
+        {"Real-HP-DesignJet-4000", "D - extended margins", 0},
+        {"Real-HP-LaserJet-5200", "12x18", 0},
+        {"Real-HP-LaserJet-5200", "11x17", 3},
+        {"Real-HP-LaserJet-4250", "Letter (Small)", 0},
+        {"Real-HP-LaserJet-4250", "Env DL", 27},
+        {"Real-HP-DesignJet-Z6dr", "A4", 9},
+        {"Real-Kyocera-FS-1000-de", "Umschlag DL", 27},
+        {"Real-DYMO-LabelWriter-450", "30252 Address", 0},
+    };
+    std::unique_ptr<PrinterInfo> info = CreateSystemPrinterInfo();
+    for (const auto &c : cases) {
+        const QList<PaperSizeInfo> sizes = info->paperSizes(QString::fromUtf8(c.queue));
+        if (sizes.isEmpty())
+            continue; // not in the sandbox
+        const auto found = std::find_if(sizes.begin(), sizes.end(), [&](const PaperSizeInfo &size) {
+            return size.name == QString::fromUtf8(c.size);
+        });
+        ASSERT_NE(found, sizes.end()) << c.queue << " " << c.size;
+        if (c.code == 0)
+            EXPECT_GE(found->code, 256) << c.queue << " " << c.size;
+        else
+            EXPECT_EQ(found->code, c.code) << c.queue << " " << c.size;
+    }
+}
+
 } // namespace
