@@ -5,7 +5,7 @@
 // codes that printer configuration files store (Windows paper and bin codes, so that a
 // file written on one system reads the same on another).
 //
-// The process holds one PrinterInfo. By default it reads the system's printers (Qt for the
+// The process holds one PrinterInfo. By default it reads the system's printers (CUPS for the
 // printer list, the CUPS queue itself for sizes and bins), afresh on every call; tests install
 // a fake with SetPrinterInfo. A dialog holds a CachedPrinterInfo over it, which reads each
 // thing once for the dialog's lifetime.

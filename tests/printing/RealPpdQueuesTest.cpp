@@ -123,83 +123,67 @@ INSTANTIATE_TEST_SUITE_P(Sandbox, RealPpdQueueTest, ::testing::ValuesIn(realQueu
                              return QString::fromUtf8(info.param).remove(u'-').toStdString();
                          });
 
-// Standard bin codes as the drivers spell their bins, on the real queues.
-TEST(RealPpdBinCodesTest, CommonSpellingsHaveTheirStandardCodes)
+// Standard codes on the real queues: sizes by their dimensions whatever the driver calls
+// them, bins by the drivers' spellings. 0 here stands for a printer's own code (256 and up).
+TEST(RealPpdCodesTest, StandardSheetsAndBinsHaveTheirWindowsCodes)
 {
     SKIP_WITHOUT_CUPSD();
+    enum Kind { Size, Bin };
     const struct {
         const char *queue;
-        const char *bin;
+        Kind kind;
+        const char *name;
         int code;
     } cases[] = {
-        {"Real-HP-LaserJet-4250", "Tray 1 (Manual)", 4}, // InputSlot Tray1_Man
-        {"Real-HP-LaserJet-4250", "Envelope Feeder", 5}, // InputSlot EnvelopeFeeder
-        {"Real-HP-LaserJet-4250", "Automatic", 7},       // InputSlot Auto
-        {"Real-HP-LaserJet-4250", "Tray 1", 256},
-        {"Real-HP-Color-LaserJet-2500", "Tray 1 (Manual)", 4}, // a ManualFeed option
-        {"Real-Brother-HL-2600CN", "Manual Feed", 4},          // a ManualFeed option without a name
-        {"Real-HP-DesignJet-Z6dr", "Single Sheet", 4},         // HPPaperSource ManualFeed
-        {"Real-HP-DesignJet-Z6dr", "Printer Auto Select", 7},  // HPPaperSource Autoselect
-        {"Real-HP-DesignJet-4000", "Roll", 8},
-        {"Real-Lexmark-C540", "Manual Paper", 4}, // before the multi-purpose feeder
-        {"Real-Lexmark-C540", "Manual Envelope", 6},
-        {"Real-Kyocera-FS-1000-de", "Papierzufuhr Handeinzug", 4}, // InputSlot MF
-        {"Real-DYMO-LabelWriter-450", "Automatically Select", 7},
+        {"Real-Lexmark-C540", Size, "Folio", 14},
+        {"Real-HP-LaserJet-4250", Size, "8.5x13", 14},
+        {"Real-HP-LaserJet-4250", Size, "Executive (JIS)", 0}, // 8.5 x 13 again, a point longer
+        {"Real-HP-DesignJet-4000", Size, "C", 24},
+        {"Real-HP-DesignJet-4000", Size, "D", 25},
+        {"Real-HP-DesignJet-4000", Size, "E", 26},
+        {"Real-HP-DesignJet-4000", Size, "Arch C", 0},
+        {"Real-HP-DesignJet-4000", Size, "Arch D", 0},
+        {"Real-HP-DesignJet-4000", Size, "Arch E", 0},
+        {"Real-HP-DesignJet-4000", Size, "D - extended margins", 0},
+        {"Real-HP-LaserJet-5200", Size, "12x18", 0},
+        {"Real-HP-LaserJet-5200", Size, "11x17", 3},
+        {"Real-HP-LaserJet-4250", Size, "Letter (Small)", 0},
+        {"Real-HP-LaserJet-4250", Size, "Env DL", 27},
+        {"Real-HP-DesignJet-Z6dr", Size, "A4", 9},
+        {"Real-Kyocera-FS-1000-de", Size, "Umschlag DL", 27},
+        {"Real-DYMO-LabelWriter-450", Size, "30252 Address", 0},
+        {"Real-HP-LaserJet-4250", Bin, "Tray 1 (Manual)", 4}, // InputSlot Tray1_Man
+        {"Real-HP-LaserJet-4250", Bin, "Envelope Feeder", 5}, // InputSlot EnvelopeFeeder
+        {"Real-HP-LaserJet-4250", Bin, "Automatic", 7},       // InputSlot Auto
+        {"Real-HP-LaserJet-4250", Bin, "Tray 1", 0},
+        {"Real-HP-Color-LaserJet-2500", Bin, "Tray 1 (Manual)", 4}, // a ManualFeed option
+        {"Real-Brother-HL-2600CN", Bin, "Manual Feed", 4},  // a ManualFeed option without a name
+        {"Real-HP-DesignJet-Z6dr", Bin, "Single Sheet", 4}, // HPPaperSource ManualFeed
+        {"Real-HP-DesignJet-Z6dr", Bin, "Printer Auto Select", 7}, // HPPaperSource Autoselect
+        {"Real-HP-DesignJet-4000", Bin, "Roll", 8},
+        {"Real-Lexmark-C540", Bin, "Manual Paper", 4}, // before the multi-purpose feeder
+        {"Real-Lexmark-C540", Bin, "Manual Envelope", 6},
+        {"Real-Kyocera-FS-1000-de", Bin, "Papierzufuhr Handeinzug", 4}, // InputSlot MF
+        {"Real-DYMO-LabelWriter-450", Bin, "Automatically Select", 7},
     };
     std::unique_ptr<PrinterInfo> info = CreateSystemPrinterInfo();
     for (const auto &c : cases) {
-        const QList<PaperBinInfo> bins = info->paperBins(QString::fromUtf8(c.queue));
-        if (bins.isEmpty())
-            continue; // not in the sandbox
-        const auto found = std::find_if(bins.begin(), bins.end(), [&](const PaperBinInfo &bin) {
-            return bin.name == QString::fromUtf8(c.bin);
-        });
-        ASSERT_NE(found, bins.end()) << c.queue << " " << c.bin;
-        EXPECT_EQ(found->code, c.code) << c.queue << " " << c.bin;
-    }
-}
-
-// Windows codes by dimensions on the real queues, whatever the driver calls the sheet; 0
-// here stands for a printer's own code (256 and up).
-TEST(RealPpdSizeCodesTest, StandardSheetsByTheirDimensionsOnly)
-{
-    SKIP_WITHOUT_CUPSD();
-    const struct {
-        const char *queue;
-        const char *size;
-        int code;
-    } cases[] = {
-        {"Real-Lexmark-C540", "Folio", 14},
-        {"Real-HP-LaserJet-4250", "8.5x13", 14},
-        {"Real-HP-LaserJet-4250", "Executive (JIS)", 0}, // 8.5 x 13 again, a point longer
-        {"Real-HP-DesignJet-4000", "C", 24},
-        {"Real-HP-DesignJet-4000", "D", 25},
-        {"Real-HP-DesignJet-4000", "E", 26},
-        {"Real-HP-DesignJet-4000", "Arch C", 0},
-        {"Real-HP-DesignJet-4000", "Arch D", 0},
-        {"Real-HP-DesignJet-4000", "Arch E", 0},
-        {"Real-HP-DesignJet-4000", "D - extended margins", 0},
-        {"Real-HP-LaserJet-5200", "12x18", 0},
-        {"Real-HP-LaserJet-5200", "11x17", 3},
-        {"Real-HP-LaserJet-4250", "Letter (Small)", 0},
-        {"Real-HP-LaserJet-4250", "Env DL", 27},
-        {"Real-HP-DesignJet-Z6dr", "A4", 9},
-        {"Real-Kyocera-FS-1000-de", "Umschlag DL", 27},
-        {"Real-DYMO-LabelWriter-450", "30252 Address", 0},
-    };
-    std::unique_ptr<PrinterInfo> info = CreateSystemPrinterInfo();
-    for (const auto &c : cases) {
-        const QList<PaperSizeInfo> sizes = info->paperSizes(QString::fromUtf8(c.queue));
-        if (sizes.isEmpty())
-            continue; // not in the sandbox
-        const auto found = std::find_if(sizes.begin(), sizes.end(), [&](const PaperSizeInfo &size) {
-            return size.name == QString::fromUtf8(c.size);
-        });
-        ASSERT_NE(found, sizes.end()) << c.queue << " " << c.size;
+        const PrinterPaper paper = info->paper(QString::fromUtf8(c.queue));
+        if (paper.sizes.isEmpty())
+            continue;              // not in the sandbox
+        QHash<QString, int> codes; // the first of a name
+        for (const PaperSizeInfo &size : paper.sizes)
+            if (c.kind == Size && !codes.contains(size.name))
+                codes.insert(size.name, size.code);
+        for (const PaperBinInfo &bin : paper.bins)
+            if (c.kind == Bin && !codes.contains(bin.name))
+                codes.insert(bin.name, bin.code);
+        const int code = codes.value(QString::fromUtf8(c.name), -1);
+        ASSERT_NE(code, -1) << c.queue << " " << c.name;
         if (c.code == 0)
-            EXPECT_GE(found->code, 256) << c.queue << " " << c.size;
+            EXPECT_GE(code, 256) << c.queue << " " << c.name;
         else
-            EXPECT_EQ(found->code, c.code) << c.queue << " " << c.size;
+            EXPECT_EQ(code, c.code) << c.queue << " " << c.name;
     }
 }
 
