@@ -16,7 +16,6 @@ namespace {
 
 const QString inputSlot = QStringLiteral("InputSlot");
 const QString manualFeed = QStringLiteral("ManualFeed");
-constexpr int automaticBin = 7;
 // The largest sheet taken: 200 inches, beyond any roll a dealer prints on and within twips.
 constexpr double maximumPoints = 200 * 72;
 
@@ -111,31 +110,37 @@ QString chosenValue(const ppd_option_t *option, const cups_dest_t *dest)
 void readBins(ppd_file_t *ppd, const cups_dest_t *dest, CupsQueue &result)
 {
     const QList<BinSource> sources = binSources(ppd);
+    // A printer without trays to choose (most label printers; some with only a manual feed
+    // switch) still has the bin a job without a source option takes.
+    const bool trays = std::any_of(sources.begin(), sources.end(),
+                                   [](const BinSource &source) { return source.choice; });
+    const QString automatic = QStringLiteral("Automatically Select");
     // Codes from the driver's own texts, before translation, so they do not depend on the
     // user's language.
     QList<PaperBinName> names;
+    if (!trays)
+        names.append({QString(), automatic});
     for (const BinSource &source : sources)
         names.append({source.choice ? QString::fromUtf8(source.choice->choice) : manualFeed,
                       binName(source)});
     const QList<int> codes = NumberPaperBins(names);
+    if (!trays) {
+        result.bins.append({QString(), QString(), automatic, codes.first()});
+        result.defaultBinCode = codes.first();
+    }
     ppdLocalize(ppd);
+    const qsizetype first = trays ? 0 : 1;
     for (qsizetype i = 0; i < sources.size(); ++i) {
         const BinSource &source = sources[i];
         const QString option = QString::fromUtf8(source.option->keyword);
-        const QString keyword = source.choice ? names[i].keyword : QStringLiteral("True");
-        result.bins.append({option, keyword, binName(source), codes[i]});
+        const QString keyword = source.choice ? names[first + i].keyword : QStringLiteral("True");
+        const int code = codes[first + i];
+        result.bins.append({option, keyword, binName(source), code});
         if (chosenValue(source.option, dest) == keyword
-            && (result.defaultBinCode == 0 || !source.choice))
-            result.defaultBinCode = codes[i]; // manual feed switched on outranks the tray
+            && (result.defaultBinCode == 0 || !trays || !source.choice))
+            result.defaultBinCode = code; // manual feed switched on outranks the tray
     }
     result.hasManualFeedOption = !sources.isEmpty() && !sources.last().choice;
-    // A printer with one way in (most label printers) still has a bin to choose: the one a
-    // job without a source option takes.
-    if (result.bins.isEmpty()) {
-        result.bins.append(
-            {QString(), QString(), QStringLiteral("Automatically Select"), automaticBin});
-        result.defaultBinCode = automaticBin;
-    }
 }
 
 void readSizes(ppd_file_t *ppd, const cups_dest_t *dest, CupsQueue &result)
@@ -267,11 +272,12 @@ CupsOptions CupsQueue::jobOptions(const CupsPaperSize *size, const CupsPaperBin 
         if (hasPpd)
             options.append({QStringLiteral("PageSize"), size->keyword});
     }
-    if (bin && !bin->option.isEmpty()) {
+    if (!bin)
+        return options;
+    if (!bin->option.isEmpty()) // the automatic bin of a printer without trays has none
         options.append({bin->option, bin->keyword});
-        if (hasManualFeedOption && bin->option != manualFeed)
-            options.append({manualFeed, QStringLiteral("False")});
-    }
+    if (hasManualFeedOption && bin->option != manualFeed)
+        options.append({manualFeed, QStringLiteral("False")});
     return options;
 }
 

@@ -117,6 +117,12 @@ INSTANTIATE_TEST_SUITE_P(
                          "On/On: \"\"\n"
                          "*ManualFeed Off/Off: \"\"\n*CloseUI: *ManualFeed\n",
                    1, 1},
+        HostilePpd{
+            "OnlyAManualFeedSwitchStillHasTheAutomaticBin",
+            pageSizes({{"A4", "595 842"}})
+                + "*OpenUI *ManualFeed/Manual Feed: Boolean\n*DefaultManualFeed: False\n"
+                  "*ManualFeed True/On: \"\"\n*ManualFeed False/Off: \"\"\n*CloseUI: *ManualFeed\n",
+            1, 2},
         HostilePpd{"RepeatedSlotsAndSizes",
                    pageSizes({{"A4", "595 842"}, {"A4", "595 842"}, {"A4Copy", "595 842"}})
                        + "*OpenUI *InputSlot/Source: PickOne\n*DefaultInputSlot: Manual\n"
