@@ -1,5 +1,7 @@
 #include "report/ReferenceReport.h"
 
+#include "report/PdfMediaBox.h"
+
 #include <QDir>
 #include <QPainter>
 #include <QPrinter>
@@ -7,8 +9,7 @@
 
 namespace bravcpl5 {
 
-ReferenceReport::ReferenceReport(QObject *parent)
-    : QObject(parent)
+ReferenceReport::ReferenceReport(QObject *parent) : QObject(parent)
 {
     m_printer.setObjectName(QStringLiteral("Printer"));
     m_printer.setParent(this);
@@ -21,10 +22,11 @@ QString ReferenceReport::resolvePage()
     PrinterInfo &printers = CurrentPrinterInfo();
     // An empty device name means the default printer, as for any report.
     const QString device = m_printer.deviceName();
-    const QString queue = FindPrinter(printers, device.isEmpty() ? printers.defaultPrinterName() : device);
+    const QString queue = FindPrinter(printers,
+                                      device.isEmpty() ? printers.defaultPrinterName() : device);
     // A PDF or a preview for a named printer shows what that printer would get.
-    m_cupsQueue = ReadCupsQueue(queue);
-    m_lastPage = ResolveReportPage(m_pageSettings.values(), m_cupsQueue, printers.paperSizes(queue));
+    m_lastPage = ResolveReportPage(m_pageSettings.values(), ReadCupsQueue(queue),
+                                   printers.paperSizes(queue));
     return queue;
 }
 
@@ -51,12 +53,7 @@ bool ReferenceReport::print(const PageDrawer &drawPage)
     const QString pdf = QDir(folder.path()).filePath(QStringLiteral("report.pdf"));
     if (!folder.isValid() || !render(pdf, drawPage))
         return false;
-    CupsOptions options;
-    if (!m_lastPage.mediaKeyword.isEmpty())
-        options.append({QStringLiteral("media"), m_lastPage.mediaKeyword});
-    if (!m_lastPage.binKeyword.isEmpty())
-        options.append({m_cupsQueue.binOption, m_lastPage.binKeyword});
-    m_lastJobId = SubmitCupsJob(queue, pdf, m_documentName, options);
+    m_lastJobId = SubmitCupsJob(queue, pdf, m_documentName, m_lastPage.jobOptions);
     return m_lastJobId > 0;
 }
 
@@ -65,7 +62,8 @@ bool ReferenceReport::render(const QString &pdfFile, const PageDrawer &drawPage)
     QPrinter printer(QPrinter::HighResolution);
     printer.setOutputFormat(QPrinter::PdfFormat);
     printer.setOutputFileName(pdfFile);
-    return draw(printer, drawPage);
+    return draw(printer, drawPage)
+           && SetExactMediaBox(pdfFile, m_lastPage.paperTwips() / TwipsPerPoint);
 }
 
 bool ReferenceReport::draw(QPrinter &printer, const PageDrawer &drawPage) const
@@ -89,7 +87,8 @@ bool ReferenceReport::draw(QPrinter &printer, const PageDrawer &drawPage) const
     const QRectF paper(QPointF(0, 0), m_lastPage.paperTwips());
     for (int number = 1;; ++number) {
         painter.save();
-        const bool more = drawPage && drawPage(painter, {number, paper, m_lastPage.contentRect(number)});
+        const bool more = drawPage
+                          && drawPage(painter, {number, paper, m_lastPage.contentRect(number)});
         painter.restore();
         if (!more)
             break;

@@ -19,9 +19,9 @@ namespace bravcpl5 {
 
 // One page to draw. The painter works in twips from the paper's top left corner.
 struct ReportPageToDraw {
-    int number = 1;   // from 1
-    QRectF paper;     // twips
-    QRectF content;   // inside the margins and gutter
+    int number = 1; // from 1
+    QRectF paper;   // twips
+    QRectF content; // inside the margins and gutter
 };
 
 class ReferenceReport : public QObject
@@ -72,7 +72,6 @@ private:
     float m_printWidth = 0;
     QString m_documentName = QStringLiteral("Report");
     QString m_outputFileName;
-    CupsQueue m_cupsQueue;
     ResolvedReportPage m_lastPage;
     int m_lastJobId = 0;
 };
