@@ -7,6 +7,7 @@
 #include <QEvent>
 #include <QStringList>
 #include <QWidget>
+#include <QWindow>
 #include <cmath>
 #include <optional>
 
@@ -17,32 +18,58 @@ namespace {
 int toPixels(qint32 twips, int dpi) { return int(std::lround(twips * double(dpi) / TwipsPerInch)); }
 qint64 toTwips(int pixels, int dpi) { return std::llround(pixels * TwipsPerInch / double(dpi)); }
 
-// What the window manager's frame adds to the client area: nothing until it has framed the
-// shown window, and nothing at all without one (offscreen, or a bare X server).
-QSize frameAddition(const QWidget *form) { return form->frameGeometry().size() - form->size(); }
+// The form's frame as the platform has it now. QWidget keeps its own copy of the frame's
+// margins, refreshed only when the window moves or resizes, and under X11 the margins often
+// arrive after the last of those; the native window asks the platform.
+QRect frameOf(const QWidget *form)
+{
+    const QWindow *window = form->windowHandle();
+    return window ? window->frameGeometry() : form->frameGeometry();
+}
+
+// Whether the window manager's frame around the shown form is known. It is not before the
+// manager has framed it, nor ever without one (offscreen, a bare X server); and for a moment
+// while it frames it the platform may hold a frame that does not yet enclose the client area.
+bool framed(const QWidget *form)
+{
+    const QRect frame = frameOf(form);
+    return frame != form->geometry() && frame.contains(form->geometry());
+}
 
 // What a record asks of a form's frame, in pixels; a missing value leaves that side as it is.
 struct FrameRequest {
     std::optional<int> top, left, width, height;
 };
 
-// Moves the frame (QWidget::move() takes a window's frame position) and sets the client size
-// that gives the frame the asked size, as far as the frame is known.
+// Puts the frame at the asked place with the asked size, as far as the frame is known.
+// Before the native window exists QWidget::move() takes the frame's position and the window
+// manager places the frame there. Once framed, the client area is placed inside the frame by
+// the platform's margins, since neither QWidget::move() (with its own copy of the margins) nor
+// QWindow::setFramePosition() (under X11) can be trusted with the frame then.
 void applyFrame(QWidget *form, const FrameRequest &request)
 {
-    if (request.top || request.left)
-        form->move(request.left.value_or(form->x()), request.top.value_or(form->y()));
-    const QSize addition = frameAddition(form);
-    if (request.width || request.height)
-        form->resize(request.width ? *request.width - addition.width() : form->width(),
-                     request.height ? *request.height - addition.height() : form->height());
+    if (!framed(form)) {
+        if (request.top || request.left)
+            form->move(request.left.value_or(form->x()), request.top.value_or(form->y()));
+        if (request.width || request.height)
+            form->resize(request.width.value_or(form->width()),
+                         request.height.value_or(form->height()));
+        return;
+    }
+    const QRect frame = frameOf(form);
+    const QRect asked(request.left.value_or(frame.x()), request.top.value_or(frame.y()),
+                      request.width.value_or(frame.width()),
+                      request.height.value_or(frame.height()));
+    form->setGeometry(asked - form->windowHandle()->frameMargins());
 }
 
 // A form restored before it is shown learns its frame only once the window manager has
 // framed it. This applies the request again then: the client size becomes the one that gives
 // the stored frame size, and a frame that the window manager placed elsewhere (some keep new
-// windows on the screen) goes where the record says. It goes when it has done so, or when
-// the form is hidden first.
+// windows on the screen) goes where the record says. It looks when the form moves or resizes
+// and, since the frame may become known without either, every few milliseconds for a while
+// after it is shown. It goes when it has done so, when it gives up (no window manager), or
+// when the form is hidden first.
 class FrameKeeper : public QObject
 {
 public:
@@ -61,27 +88,61 @@ public:
     {
         if (watched != m_form)
             return false;
-        if (event->type() == QEvent::Hide) {
+        switch (event->type()) {
+        case QEvent::Hide:
             finish();
-        } else if (event->type() == QEvent::Move || event->type() == QEvent::Resize
-                   || event->type() == QEvent::Show) {
-            if (!frameAddition(m_form).isNull()) {
-                finish();
-                applyFrame(m_form, m_request);
-            }
+            break;
+        case QEvent::Show:
+            if (!m_timer)
+                m_timer = startTimer(LookEveryMs);
+            look();
+            break;
+        case QEvent::Move:
+        case QEvent::Resize:
+            look();
+            break;
+        default:
+            break;
         }
         return false;
     }
 
+protected:
+    void timerEvent(QTimerEvent *) override
+    {
+        if (++m_looks * LookEveryMs >= GiveUpAfterMs)
+            finish();
+        else
+            look();
+    }
+
 private:
+    static constexpr int LookEveryMs = 20;
+    static constexpr int GiveUpAfterMs = 3000;
+
+    void look()
+    {
+        if (m_done || !framed(m_form))
+            return;
+        finish();
+        applyFrame(m_form, m_request);
+    }
+
     void finish()
     {
+        m_done = true;
         m_form->removeEventFilter(this);
+        if (m_timer)
+            killTimer(m_timer);
+        m_timer = 0;
         deleteLater();
     }
 
     QWidget *m_form;
     FrameRequest m_request;
+    int m_timer = 0;
+    int m_looks = 0;
+    bool m_done = false;
 };
 
 } // namespace
@@ -112,7 +173,7 @@ void RestoreWindowPosition(const QString &name, QWidget *form, bool restoreSize)
     if (!request.top)
         return;
     // Not framed yet (or never, without a window manager): the keeper finishes once it is.
-    if (frameAddition(form).isNull())
+    if (!framed(form))
         new FrameKeeper(form, request);
     applyFrame(form, request);
 }
@@ -123,7 +184,7 @@ void SaveWindowPosition(const QString &name, QWidget *form)
         return;
     const int dpiX = form->logicalDpiX();
     const int dpiY = form->logicalDpiY();
-    const QRect frame = form->frameGeometry();
+    const QRect frame = frameOf(form);
     const QString record = QStringLiteral("%1,%2,%3,%4")
                                .arg(toTwips(frame.y(), dpiY))
                                .arg(toTwips(frame.x(), dpiX))

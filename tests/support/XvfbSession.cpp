@@ -190,15 +190,16 @@ bool XvfbSession::startManager()
         m_whyNot = QStringLiteral("openbox did not start");
         return false;
     }
-    // A manager announces itself by a supporting window on the root; windows mapped before
-    // that would not get frames.
+    // Openbox announces itself (_NET_SUPPORTING_WM_CHECK) before it has read its settings and
+    // theme; the work area is set after that, just before it manages windows. A window mapped
+    // earlier may be framed without Qt hearing of it.
     QElapsedTimer clock;
     clock.start();
     while (clock.elapsed() < 10000) {
         const QByteArray answer = runToEnd({QStringLiteral("xprop"), QStringLiteral("-display"),
                                             m_display, QStringLiteral("-root"),
-                                            QStringLiteral("_NET_SUPPORTING_WM_CHECK")});
-        if (answer.contains("window id"))
+                                            QStringLiteral("_NET_WORKAREA")});
+        if (answer.contains(" = "))
             return true;
         QThread::msleep(50);
     }
