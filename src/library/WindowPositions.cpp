@@ -28,12 +28,17 @@ QRect frameOf(const QWidget *form)
 }
 
 // Whether the window manager's frame around the shown form is known. It is not before the
-// manager has framed it, nor ever without one (offscreen, a bare X server); and for a moment
-// while it frames it the platform may hold a frame that does not yet enclose the client area.
+// manager has framed it, nor ever without one (offscreen draws one, a bare X server does not);
+// and while it frames it, the platform may for a moment hold margins that make no frame or a
+// client area the form has not heard of yet.
 bool framed(const QWidget *form)
 {
-    const QRect frame = frameOf(form);
-    return frame != form->geometry() && frame.contains(form->geometry());
+    const QWindow *window = form->windowHandle();
+    if (!window)
+        return false;
+    const QMargins margins = window->frameMargins();
+    return !margins.isNull() && margins.left() >= 0 && margins.top() >= 0 && margins.right() >= 0
+           && margins.bottom() >= 0 && window->geometry() == form->geometry();
 }
 
 // What a record asks of a form's frame, in pixels; a missing value leaves that side as it is.
