@@ -183,7 +183,7 @@ TEST_F(RealWindows, TheRecordIsWhereTheFrameWasLeft)
         QString expected;
         openAndClose(dialog, [&](QWidget *window) {
             window->setGeometry(frame - window->windowHandle()->frameMargins());
-            test::Settle(300);
+            (void)QTest::qWaitFor([&]() { return x11Frame(window) == frame; }, 3000);
             EXPECT_EQ(x11Frame(window), frame);
             expected = recordOf(frame, window->logicalDpiX(), window->logicalDpiY());
         });
