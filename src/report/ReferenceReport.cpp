@@ -16,19 +16,31 @@ ReferenceReport::ReferenceReport(QObject *parent)
     m_pageSettings.setParent(this);
 }
 
-bool ReferenceReport::print(const PageDrawer &drawPage)
+QString ReferenceReport::resolvePage()
 {
-    m_lastJobId = 0;
     PrinterInfo &printers = CurrentPrinterInfo();
     // An empty device name means the default printer, as for any report.
     const QString device = m_printer.deviceName();
     const QString queue = FindPrinter(printers, device.isEmpty() ? printers.defaultPrinterName() : device);
+    // A PDF or a preview for a named printer shows what that printer would get.
+    m_cupsQueue = ReadCupsQueue(queue);
+    m_lastPage = ResolveReportPage(m_pageSettings.values(), m_cupsQueue, printers.paperSizes(queue));
+    return queue;
+}
+
+bool ReferenceReport::paint(QPrinter &printer, const PageDrawer &drawPage)
+{
+    resolvePage();
+    return draw(printer, drawPage);
+}
+
+bool ReferenceReport::print(const PageDrawer &drawPage)
+{
+    m_lastJobId = 0;
+    const QString queue = resolvePage();
     const bool toPdf = !m_outputFileName.isEmpty();
     if (queue.isEmpty() && !toPdf)
         return false;
-    // A PDF for a named printer shows what that printer would get.
-    const CupsQueue cups = ReadCupsQueue(queue);
-    m_lastPage = ResolveReportPage(m_pageSettings.values(), cups, printers.paperSizes(queue));
     if (toPdf)
         return render(m_outputFileName, drawPage);
 
@@ -43,19 +55,24 @@ bool ReferenceReport::print(const PageDrawer &drawPage)
     if (!m_lastPage.mediaKeyword.isEmpty())
         options.append({QStringLiteral("media"), m_lastPage.mediaKeyword});
     if (!m_lastPage.binKeyword.isEmpty())
-        options.append({cups.binOption, m_lastPage.binKeyword});
+        options.append({m_cupsQueue.binOption, m_lastPage.binKeyword});
     m_lastJobId = SubmitCupsJob(queue, pdf, m_documentName, options);
     return m_lastJobId > 0;
 }
 
 bool ReferenceReport::render(const QString &pdfFile, const PageDrawer &drawPage) const
 {
-    // Device units are twips, so pages draw in twips and fonts given in points come out
-    // at their size (a scaled painter would scale them again).
     QPrinter printer(QPrinter::HighResolution);
     printer.setOutputFormat(QPrinter::PdfFormat);
-    printer.setResolution(int(TwipsPerInch));
     printer.setOutputFileName(pdfFile);
+    return draw(printer, drawPage);
+}
+
+bool ReferenceReport::draw(QPrinter &printer, const PageDrawer &drawPage) const
+{
+    // Device units are twips, so pages draw in twips and fonts given in points come out
+    // at their size (a scaled painter would scale them again).
+    printer.setResolution(int(TwipsPerInch));
     printer.setDocName(m_documentName);
     printer.setCreator(QStringLiteral("bravcpl5"));
     // The margins are already within the printable area (QPrinter refuses them otherwise);
