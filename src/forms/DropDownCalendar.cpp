@@ -47,15 +47,20 @@ std::optional<QDate> DropDownCalendar::dropDown(QWidget *field, const QDate &dat
         m_calendar->setCurrentPage(date.year(), date.month());
     }
     adjustSize();
+    // The native window first, and then its own area (not a frame, which offscreen gives even
+    // a pop-up) goes under the field: a window moved before its native window exists is
+    // placed by a frame position the platform resolves only later.
+    winId();
     // Left edge on the field's, top just under it; kept on the screen when it would not fit.
     QPoint place = field->mapToGlobal(QPoint(0, field->height()));
     if (const QScreen *screen = field->screen()) {
         const QRect available = screen->availableGeometry();
         if (place.y() + height() > available.bottom())
             place.setY(field->mapToGlobal(QPoint(0, 0)).y() - height());
-        place.setX(qBound(available.left(), place.x(), qMax(available.left(), available.right() - width())));
+        place.setX(qBound(available.left(), place.x(),
+                          qMax(available.left(), available.right() - width())));
     }
-    move(place);
+    setGeometry(QRect(place, size()));
 
     m_result.reset();
     QEventLoop loop;

@@ -19,15 +19,25 @@ QObject *ModalForm::host() const { return m_owner ? m_owner->sharedCodeLibrary()
 
 void ModalForm::setOwner(HostLink *owner) { m_owner = owner; }
 
+void ModalForm::setVisible(bool visible)
+{
+    // The stored place is the frame's. Moved before its native window exists, the window
+    // manager puts the frame there; moved later, before the frame is known, the client area
+    // would land there instead, a caption's height lower on every opening. The form name
+    // (set by the .ui) is the key of the stored place.
+    if (visible && !m_placed && m_placement == Placement::Remembered) {
+        m_placed = true;
+        RestoreWindowPosition(objectName(), this, true);
+    }
+    QDialog::setVisible(visible);
+}
+
 void ModalForm::showEvent(QShowEvent *event)
 {
     QDialog::showEvent(event);
     if (m_shown || event->spontaneous())
         return;
     m_shown = true;
-    // The form name (set by the .ui) is the key of the stored place.
-    if (m_placement == Placement::Remembered)
-        RestoreWindowPosition(objectName(), this, true);
     QMetaObject::invokeMethod(
         this,
         [this]() {

@@ -4,8 +4,9 @@
 // - `Cancelled`, the result the opening member reads after the dialog has closed; each
 //   dialog chooses its starting value, and so what closing by the caption's close box means;
 // - Esc presses the dialog's `cmdCancel` button, while the close box only closes it;
-// - a dialog that remembers its place restores it (size included) when it is first shown
-//   and saves it whenever it closes, under its form name;
+// - a dialog that remembers its place restores it (size included) just before it is first
+//   shown, while its native window does not exist yet, and saves it whenever it closes,
+//   under its form name;
 // - firstActivation() runs once, after the dialog has been shown and painted, so that
 //   slow loading never delays its appearance.
 // Dialogs are opened through ShowModalForm, which creates a fresh form per call.
@@ -41,6 +42,7 @@ protected:
     void setCancelled(bool cancelled) { m_cancelled = cancelled; }
     virtual void firstActivation() {}
 
+    void setVisible(bool visible) override;
     void showEvent(QShowEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void done(int result) override;
@@ -49,6 +51,7 @@ private:
     bool m_cancelled;
     bool m_activated = false;
     bool m_shown = false;
+    bool m_placed = false;
     Placement m_placement;
     QPointer<HostLink> m_owner;
 };
@@ -61,7 +64,8 @@ template <typename Form, typename SetUp, typename ReadBack, typename... Args>
 bool ShowModalForm(SetUp &&setUp, ReadBack &&readBack, Args &&...args)
 {
     QWidget *over = QApplication::activeModalWidget();
-    QPointer<Form> form = new Form(std::forward<Args>(args)..., over ? over : QApplication::activeWindow());
+    QPointer<Form> form = new Form(std::forward<Args>(args)...,
+                                   over ? over : QApplication::activeWindow());
     if constexpr (std::is_same_v<std::invoke_result_t<SetUp, Form &>, bool>) {
         if (!setUp(*form)) {
             delete form.data();
