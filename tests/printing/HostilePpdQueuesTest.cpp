@@ -76,7 +76,8 @@ protected:
         QProcess::execute(QStringLiteral("lpadmin"), {QStringLiteral("-x"), queue});
     }
 
-    const QString queue = QStringLiteral("Hostile-PPD");
+    // A queue of the case's own: ctest runs cases side by side.
+    const QString queue = QStringLiteral("Hostile-%1").arg(QLatin1String(GetParam().name));
     QTemporaryDir folder;
 };
 

@@ -200,7 +200,9 @@ TEST_F(RealWindows, TheCalendarDropsDownDirectlyUnderItsField)
 {
     const std::tuple<const char *, const char *, const char *> fields[] = {
         {"cmdStartDate", "txtStartDate", "dtStartDate"}, {"cmdEndDate", "txtEndDate", "dtEndDate"}};
-    for (const auto &[button, fieldName, popupName] : fields) {
+    for (const auto &[buttonBinding, fieldBinding, popupBinding] : fields) {
+        // Plain names, which the lambdas below may take.
+        const char *button = buttonBinding, *fieldName = fieldBinding, *popupName = popupBinding;
         SCOPED_TRACE(fieldName);
         frmCustomDateRange form;
         form.Initialize(QDate(2024, 3, 1), QDate(2024, 3, 31), nullptr);
