@@ -27,7 +27,6 @@ constexpr std::array<std::uint32_t, 16> palette = {
 };
 
 constexpr std::uint8_t black = 0;
-constexpr std::uint8_t gray25 = 7;
 constexpr std::uint8_t gray50 = 8;
 constexpr std::uint8_t white = 15;
 
