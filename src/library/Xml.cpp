@@ -106,6 +106,12 @@ XmlDocumentPtr parse(const QByteArray &bytes, pugi::xml_encoding encoding)
         lastError() = QStringLiteral("Elements nested more than %1 levels deep").arg(maxElementDepth);
         return nullptr;
     }
+    // The text is held, and saved, as UTF-8 now: a declaration naming the encoding the
+    // file came in ("ISO-8859-1", "UTF-16") would make the saved file read as that
+    // encoding again and garble every character outside ASCII, once more on every save.
+    for (pugi::xml_node node = doc->first_child(); node; node = node.next_sibling())
+        if (node.type() == pugi::node_declaration)
+            node.remove_attribute("encoding");
     return doc;
 }
 
