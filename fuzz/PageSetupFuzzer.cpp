@@ -1,5 +1,5 @@
 // A printer configuration file's bytes through the page setup reader the dialog uses,
-// then written back the way OK writes it: the document must still save and load again.
+// then saved the way OK saves it, twice: the file must load again and settle.
 
 #include "FuzzInput.h"
 
@@ -43,8 +43,15 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     PageSetup fields;
     if (!ReadPageSetup(file, choices, fields))
         return 0;
-    const XmlDocumentPtr document = LoadXmlFile(file);
-    fuzz::Require(document && fields.write(*document), "a page setup that was read cannot be written");
-    fuzz::RequireSavedTextLoads(*document);
+    // The first save may normalise what was typed (".50" is stored as 0.5); from then on
+    // the page setup is a fixed point: saved again, it reads back the same.
+    PageSetup saved = fields;
+    for (int round = 0; round < 2; ++round) {
+        fuzz::Require(WritePageSetup(file, saved), "a page setup that was read cannot be saved");
+        PageSetup again;
+        fuzz::Require(ReadPageSetup(file, choices, again), "a saved page setup does not read again");
+        fuzz::Require(round == 0 || again == saved, "a page setup saved twice reads back different");
+        saved = again;
+    }
     return 0;
 }
