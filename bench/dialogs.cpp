@@ -180,7 +180,7 @@ void BM_VendorChoices(benchmark::State &state)
 {
     Setting setting(2, int(state.range(0)));
     for (auto _ : state)
-        benchmark::DoNotOptimize(FillFilterChoices(&setting.host, QStringLiteral("vendor"), 1));
+        benchmark::DoNotOptimize(FillFilterChoices(&setting.host, FilterType::Vendor, 1));
 }
 BENCHMARK(BM_VendorChoices)->Arg(100000)->Unit(benchmark::kMillisecond)->UseRealTime();
 

@@ -27,7 +27,7 @@ void BM_VendorChoices(benchmark::State &state)
     auto &host = vendorHost();
     qsizetype count = 0;
     for (auto _ : state)
-        count = bravcpl5::FillFilterChoices(&host, QStringLiteral("vendor"), 1).size();
+        count = bravcpl5::FillFilterChoices(&host, bravcpl5::FilterType::Vendor, 1).size();
     if (count != vendorCount + 1)
         state.SkipWithError("wrong number of vendors");
     state.counters["choices"] = double(count);

@@ -20,9 +20,7 @@ set(count 0)
 foreach(line IN LISTS lines)
   # "<address> <type> <name>"
   string(REGEX REPLACE "^[0-9a-fA-F]+ [A-Za-z] " "" name "${line}")
-  # AddressSanitizer gives each exported global an ODR indicator of the same visibility;
-  # it adds nothing a host could use.
-  if(NOT name MATCHES "bravcpl5" OR name MATCHES "^__odr_asan\\.")
+  if(NOT name MATCHES "bravcpl5")
     continue()
   endif()
   math(EXPR count "${count} + 1")

@@ -1,28 +1,40 @@
 #pragma once
 
-// What every fuzz target shares: the input handed to the library as a file's bytes, the
-// way a user's settings folder hands them over, and the checks that turn a wrong result
-// into a finding (libFuzzer only reports crashes, so a broken promise aborts).
+// What every fuzz target shares: the input handed to the library as a settings file is
+// (the readers take a path and the bytes go through the same loading a user's file does),
+// and the check that a document the library saved loads again.
+
+#include "library/Xml.h"
 
 #include <QByteArray>
+#include <QDir>
+#include <QFile>
 #include <QString>
+#include <QTemporaryDir>
 #include <cstddef>
 #include <cstdint>
-#include <pugixml.hpp>
 
-namespace bravcpl5::fuzz {
+namespace fuzz {
 
-// Writes the input over one file in a private temporary folder (on tmpfs when TMPDIR
-// points there) and returns its path; the same path every time.
-QString InputFile(const std::uint8_t *data, std::size_t size);
-// A second file in that folder, for what a reader saves.
-QString OutputFile();
+// A file that holds the input, in a folder of the process's own; in memory where the
+// system offers it, as every save is synced to disk.
+inline QString inputFile(const std::uint8_t *data, std::size_t size)
+{
+    static QTemporaryDir folder(QDir(QStringLiteral("/dev/shm")).exists()
+                                    ? QStringLiteral("/dev/shm/bravcpl5-fuzz-XXXXXX")
+                                    : QDir::temp().filePath(QStringLiteral("bravcpl5-fuzz-XXXXXX")));
+    const QString path = QDir(folder.path()).filePath(QStringLiteral("input.xml"));
+    QFile file(path);
+    if (file.open(QIODevice::WriteOnly | QIODevice::Truncate))
+        file.write(reinterpret_cast<const char *>(data), qint64(size));
+    return path;
+}
 
-// Aborts with `what` on standard error unless `condition` holds.
-void Require(bool condition, const char *what);
-// A document the library saves must load again: its text is parsed back and must give a
-// document, and be no more than a small factor larger than `inputSize` bytes when one is
-// given (0 skips that check).
-void RequireSavedTextLoads(const pugi::xml_document &document, std::size_t inputSize = 0);
+// A document the library has just saved must load again; anything else is a finding.
+inline void requireLoadable(const QString &path)
+{
+    if (!bravcpl5::LoadXmlFile(path))
+        __builtin_trap();
+}
 
-} // namespace bravcpl5::fuzz
+} // namespace fuzz

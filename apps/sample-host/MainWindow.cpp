@@ -1,79 +1,213 @@
 #include "MainWindow.h"
 
+#include "DiagnosticsWindow.h"
+#include "ReportOutput.h"
 #include "SampleHost.h"
+
+#include "library/LateBinding.h"
 
 #include <QAction>
 #include <QApplication>
+#include <QHeaderView>
 #include <QMenuBar>
-#include <QPlainTextEdit>
-#include <QVariant>
+#include <QStatusBar>
+#include <QToolBar>
+#include <QTreeWidget>
+
+using namespace bravcpl5;
 
 namespace {
-QObject *objectProperty(QObject *object, const char *name)
-{
-    return object ? object->property(name).value<QObject *>() : nullptr;
-}
+
+enum Column { ReportColumn, DescriptionColumn, ConfigurationColumn, PrinterColumn };
+
+QObject *store(const MainWindow &window) { return late::object(window.library(), "PrinterConfigurations"); }
+
 } // namespace
 
 MainWindow::MainWindow(QObject *library, SampleHost *host, const QString &outputFolder)
-    : m_library(library), m_host(host), m_outputFolder(outputFolder), m_log(new QPlainTextEdit)
+    : m_library(library), m_host(host), m_outputFolder(outputFolder), m_reports(DealerReports(host->dataFolder())),
+      m_list(new QTreeWidget), m_diagnostics(new DiagnosticsWindow(library, this))
 {
-    setWindowTitle(QStringLiteral("bravcpl5 Sample Host"));
-    m_log->setReadOnly(true);
-    setCentralWidget(m_log);
-    resize(760, 480);
+    setWindowTitle(QStringLiteral("Sunbridge Window Fashions - Reports"));
+    m_list->setObjectName(QStringLiteral("reports"));
+    m_list->setHeaderLabels({QStringLiteral("Report"), QStringLiteral("Description"),
+                             QStringLiteral("Printer Configuration"), QStringLiteral("Printer")});
+    m_list->setRootIsDecorated(false);
+    m_list->setAlternatingRowColors(true);
+    m_list->setUniformRowHeights(true);
+    for (const DealerReport &report : m_reports)
+        m_list->addTopLevelItem(new QTreeWidgetItem(QStringList{report.name, report.description}));
+    m_list->header()->setSectionResizeMode(DescriptionColumn, QHeaderView::Stretch);
+    m_list->header()->setStretchLastSection(false);
+    setCentralWidget(m_list);
+    resize(1040, 420);
 
-    QMenu *file = menuBar()->addMenu(QStringLiteral("&File"));
-    file->addAction(QStringLiteral("E&xit"), qApp, &QApplication::quit);
+    QMenu *file = menu(QStringLiteral("&File"));
+    QAction *exit = file->addAction(QStringLiteral("E&xit"), qApp, &QApplication::quit);
+    exit->setShortcut(QKeySequence::Quit);
+    addReportCommands();
+    QMenu *help = menu(QStringLiteral("&Help"));
+    QAction *diagnostics = help->addAction(QStringLiteral("&Diagnostics"));
+    connect(diagnostics, &QAction::triggered, m_diagnostics, &DiagnosticsWindow::showUpdated);
 
-    QMenu *libraryMenu = addSubsystemMenu(QStringLiteral("&Library"));
-    QAction *status = libraryMenu->addAction(QStringLiteral("Show library &status"));
-    connect(status, &QAction::triggered, this, &MainWindow::showStatus);
-    showStatus();
+    connect(m_list, &QTreeWidget::currentItemChanged, this, &MainWindow::updateActions);
+    connect(m_list, &QTreeWidget::itemActivated, this, [this]() {
+        if (const DealerReport *report = currentReport())
+            PreviewReport({m_library, m_host, this}, *report);
+    });
+    refresh();
+    selectReport(0);
+    for (int c : {ReportColumn, ConfigurationColumn, PrinterColumn})
+        m_list->resizeColumnToContents(c);
 }
 
-QMenu *MainWindow::addSubsystemMenu(const QString &title)
+QMenu *MainWindow::menu(const QString &title)
 {
-    // Subsystems that share a menu title share the menu.
+    // Menus that share a title share the menu; Help stays last.
+    QAction *helpMenu = nullptr;
     for (QAction *action : menuBar()->actions()) {
         if (action->menu() && action->text() == title)
             return action->menu();
+        if (action->text() == QLatin1String("&Help"))
+            helpMenu = action;
     }
-    return menuBar()->addMenu(title);
+    auto *created = new QMenu(title, menuBar());
+    menuBar()->insertMenu(helpMenu, created);
+    return created;
+}
+
+void MainWindow::addReportCommands()
+{
+    QMenu *reportMenu = menu(QStringLiteral("&Report"));
+    QToolBar *toolBar = addToolBar(QStringLiteral("Report"));
+    toolBar->setObjectName(QStringLiteral("reportToolBar"));
+    toolBar->setMovable(false);
+    toolBar->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    const auto add = [&](const QString &text, QKeySequence shortcut, bool generalOnly, std::function<void()> run) {
+        QAction *action = reportMenu->addAction(text);
+        action->setShortcut(shortcut);
+        connect(action, &QAction::triggered, this, run);
+        toolBar->addAction(action);
+        (generalOnly ? m_generalReport : m_anyReport).append(action);
+        return action;
+    };
+    const ReportOutputContext context{m_library, m_host, this};
+    add(QStringLiteral("Pre&view"), QKeySequence(Qt::CTRL | Qt::Key_F2), false, [this, context]() {
+        PreviewReport(context, *currentReport());
+    });
+    add(QStringLiteral("&Print"), QKeySequence::Print, false, [this, context]() {
+        PrintReport(context, *currentReport());
+    });
+    add(QStringLiteral("Print to P&DF..."), {}, false, [this, context]() {
+        PrintReportToPdf(context, *currentReport(), m_outputFolder);
+    });
+    reportMenu->addSeparator();
+    toolBar->addSeparator();
+    QAction *filters = add(QStringLiteral("&Filters..."), {}, true, [this]() { showReportDialog("ShowGeneralReportFilters"); });
+    QAction *fields = add(QStringLiteral("F&ields..."), {}, true, [this]() { showReportDialog("ShowGeneralReportFields"); });
+    QAction *layout = add(QStringLiteral("&Layout..."), {}, true, [this]() { editLayout(); });
+    addTourAction(filters, QStringLiteral("report-filters"));
+    addTourAction(fields, QStringLiteral("report-fields"));
+    addTourAction(layout, QStringLiteral("report-layout"));
+}
+
+const DealerReport *MainWindow::currentReport() const
+{
+    const int row = m_list->indexOfTopLevelItem(m_list->currentItem());
+    return row >= 0 && row < m_reports.size() ? &m_reports[row] : nullptr;
+}
+
+void MainWindow::selectReport(int index)
+{
+    m_list->setCurrentItem(m_list->topLevelItem(index));
+}
+
+void MainWindow::updateActions()
+{
+    const DealerReport *report = currentReport();
+    for (QAction *action : std::as_const(m_anyReport))
+        action->setEnabled(report);
+    for (QAction *action : std::as_const(m_generalReport))
+        action->setEnabled(report && report->kind == DealerReport::Kind::General);
+}
+
+// ShowGeneralReportFilters or ShowGeneralReportFields on the report's configuration file,
+// by name, as an automation client calls them.
+void MainWindow::showReportDialog(const char *member)
+{
+    const DealerReport *report = currentReport();
+    const bool confirmed = late::value(m_library, member, {report->file}).toBool();
+    log(QStringLiteral("%1(\"%2\") = %3").arg(QLatin1String(member), report->file, confirmed ? "True" : "False"));
+}
+
+// The report's own layout when it has one, else the general layout.
+void MainWindow::editLayout()
+{
+    QObject *reportLayout = late::object(m_library, "ReportLayout");
+    const QString file = late::text(reportLayout, "GetLayoutFile", {currentReport()->file});
+    const bool confirmed = late::value(reportLayout, "ShowGeneralReportLayout", {file}).toBool();
+    log(QStringLiteral("ShowGeneralReportLayout(\"%1\") = %2").arg(file, confirmed ? "True" : "False"));
+    refresh();
+}
+
+void MainWindow::addTourStep(const QString &screenshotName, std::function<void()> run)
+{
+    m_tour.append({screenshotName, std::move(run)});
 }
 
 void MainWindow::addTourAction(QAction *action, const QString &screenshotName)
 {
-    m_tour.append({action, screenshotName});
+    addTourStep(screenshotName, [action]() { action->trigger(); });
 }
 
-void MainWindow::log(const QString &line) { m_log->appendPlainText(line); }
+void MainWindow::log(const QString &line) { m_diagnostics->log(line); }
 
-void MainWindow::showStatus()
+void MainWindow::verifyPrinterConfigurations()
 {
-    // Everything here goes through the published names, as an automation client would.
-    QObject *host = objectProperty(m_library, "SharedCodeLibrary");
-    QObject *printerConfigurations = objectProperty(m_library, "PrinterConfigurations");
-    QObject *reportLayout = objectProperty(m_library, "ReportLayout");
-    QObject *options = objectProperty(host, "Options");
-    QString system, user;
-    if (options) {
-        QMetaObject::invokeMethod(options, "SystemFileLocation", Q_RETURN_ARG(QString, system),
-                                  Q_ARG(QString, QStringLiteral("Reports")));
-        QMetaObject::invokeMethod(options, "UserFileLocation", Q_RETURN_ARG(QString, user),
-                                  Q_ARG(QString, QStringLiteral("Reports")));
+    const bool verified = late::value(store(*this), "VerifyPrinterConfigurations", {true, true}).toBool();
+    log(QStringLiteral("VerifyPrinterConfigurations(True, True) = %1").arg(verified ? "True" : "False"));
+    refresh();
+}
+
+void MainWindow::refresh()
+{
+    QObject *configurations = store(*this);
+    for (int row = 0; row < m_reports.size(); ++row) {
+        const QString configuration = PrinterConfigurationOf(m_library, m_reports[row]);
+        // Quietly: the list says what Print would find, without a message per row.
+        const QString use = late::text(configurations, "GetPrinterConfigurationToUse", {configuration, false});
+        const QString printer = late::text(configurations, "GetPrinterForConfiguration", {configuration, false});
+        QTreeWidgetItem *item = m_list->topLevelItem(row);
+        item->setText(ConfigurationColumn, configuration);
+        item->setText(PrinterColumn, use.isEmpty() ? QStringLiteral("No printer")
+                                     : use == QLatin1String("(Default)")
+                                         ? QStringLiteral("%1 (default)").arg(printer)
+                                         : printer);
     }
-    log(QStringLiteral("Library: host %1").arg(host ? QStringLiteral("set") : QStringLiteral("not set")));
-    log(QStringLiteral("PrinterConfigurations: %1, Owner is the Library: %2")
-            .arg(printerConfigurations ? QStringLiteral("created") : QStringLiteral("missing"))
-            .arg(objectProperty(printerConfigurations, "Owner") == m_library ? QStringLiteral("yes")
-                                                                            : QStringLiteral("no")));
-    log(QStringLiteral("ReportLayout: %1, Owner is the Library: %2")
-            .arg(reportLayout ? QStringLiteral("created") : QStringLiteral("missing"))
-            .arg(objectProperty(reportLayout, "Owner") == m_library ? QStringLiteral("yes")
-                                                                    : QStringLiteral("no")));
-    log(QStringLiteral("System reports folder: %1").arg(system));
-    log(QStringLiteral("User reports folder: %1").arg(user));
+
+    QStringList without;
+    int withDefault = 0;
+    const QStringList names = late::value(configurations, "GetPrinterConfigurations", {true}).toStringList();
+    for (const QString &name : names) {
+        if (name.isEmpty() || !late::text(configurations, "GetPrinterForConfiguration", {name, true}).isEmpty())
+            continue;
+        if (late::text(configurations, "GetPrinterForConfiguration", {name, false}).isEmpty())
+            without << name;
+        else
+            ++withDefault;
+    }
+    QString status;
+    if (!without.isEmpty())
+        status = QStringLiteral("%1 printer configuration(s) have no printer (%2): Settings > Printer "
+                                "Configurations assigns one.")
+                     .arg(without.size())
+                     .arg(without.join(QStringLiteral(", ")));
+    else if (withDefault > 0)
+        status = QStringLiteral("Every printer configuration has a printer; %1 print to the default printer.")
+                     .arg(withDefault);
+    else
+        status = QStringLiteral("Every printer configuration has a printer of its own.");
+    statusBar()->showMessage(status);
 }
 
 void MainWindow::restartLibrary()

@@ -1,15 +1,22 @@
 #pragma once
 
+// The sample host's main window, a dealer's back office: the reports in a list with the
+// printer configuration and the printer each prints with, commands to preview, print or
+// export the selected one and to edit its filters, fields and layout, the workstation's
+// settings dialogs, and a status line saying whether every configuration has a printer.
+// What the library's objects hold is for developers, in Help > Diagnostics.
+
+#include "DealerReports.h"
+
 #include <QList>
 #include <QMainWindow>
-#include <QPointer>
+#include <functional>
 
+class DiagnosticsWindow;
 class QAction;
-class QPlainTextEdit;
+class QTreeWidget;
 class SampleHost;
 
-// The sample host's window: menus that call the library's published members, and a log
-// of what they returned. Each subsystem adds its own menu (see the add...Menu functions).
 class MainWindow : public QMainWindow
 {
     Q_OBJECT
@@ -21,27 +28,45 @@ public:
     SampleHost *host() const { return m_host; }
     // Where printed PDFs and screenshots go.
     QString outputFolder() const { return m_outputFolder; }
+    const QList<DealerReport> &reports() const { return m_reports; }
+    void selectReport(int index);
 
-    QMenu *addSubsystemMenu(const QString &title);
-    // An action the unattended tour runs (its dialog, if any, is photographed and closed).
-    void addTourAction(QAction *action, const QString &screenshotName);
+    // A step of the unattended tour: what it runs, and the name its dialog (if any) is
+    // photographed under before it is closed.
     struct TourStep {
-        QAction *action;
         QString screenshotName;
+        std::function<void()> run;
     };
+    void addTourStep(const QString &screenshotName, std::function<void()> run);
+    void addTourAction(QAction *action, const QString &screenshotName);
     const QList<TourStep> &tourSteps() const { return m_tour; }
 
+    QMenu *menu(const QString &title);
+    DiagnosticsWindow *diagnostics() const { return m_diagnostics; }
     void log(const QString &line);
+
+    // Asks the library to verify the printer configurations, offering fixes, as a host
+    // does on start-up; then brings the list and the status line up to date.
+    void verifyPrinterConfigurations();
+    // Reads the configurations and printers of the list and the status line again.
+    void refresh();
     // Lets go of the library's services and hands it the host again, so that the services
     // are created afresh (with the fonts as they are now) on their next use.
     void restartLibrary();
 
 private:
-    void showStatus();
+    const DealerReport *currentReport() const;
+    void updateActions();
+    void addReportCommands();
+    void showReportDialog(const char *member);
+    void editLayout();
 
     QObject *m_library;
     SampleHost *m_host;
     QString m_outputFolder;
-    QPlainTextEdit *m_log;
+    QList<DealerReport> m_reports;
+    QTreeWidget *m_list;
+    DiagnosticsWindow *m_diagnostics;
+    QList<QAction *> m_anyReport, m_generalReport;
     QList<TourStep> m_tour;
 };

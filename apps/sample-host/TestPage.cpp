@@ -32,7 +32,7 @@ QStringList describe(const ReportPageToDraw &page, const ResolvedReportPage &res
                                                                 : QStringLiteral("portrait")),
         QStringLiteral("Paper source %1%2")
             .arg(info.paperSource)
-            .arg(resolved.binKeyword.isEmpty() ? QString() : QStringLiteral(" (%1)").arg(resolved.binKeyword)),
+            .arg(resolved.binName.isEmpty() ? QString() : QStringLiteral(" (%1)").arg(resolved.binName)),
         QStringLiteral("Margins: top %1, bottom %2, left %3, right %4")
             .arg(inches(m.top()), inches(m.bottom()), inches(m.left()), inches(m.right())),
         QStringLiteral("Gutter %1, mirror margins %2")

@@ -1,10 +1,13 @@
 #pragma once
 
-#include <QString>
-
 class MainWindow;
+class QString;
+class QWidget;
 
-// Runs the window's tour steps one after the other: triggers each action, photographs
-// the dialog it opens (if any) into `<outputFolder>/<name>.png` and closes it. The main
-// window itself is saved as main-window.png. Returns 0 when every step ran.
+// Saves `widget` as <outputFolder>/<name>.png; false when it could not.
+bool SaveScreenshot(QWidget *widget, const QString &outputFolder, const QString &name);
+
+// Runs every tour step unattended: photographs the main window, then each step's dialog
+// (every tab of it) before closing it, and writes every report as a PDF. Returns 0 when
+// every screenshot and PDF was written.
 int RunTour(MainWindow &window, const QString &outputFolder);

@@ -4,13 +4,12 @@
 // screenshot of every window it opens, names the folder they are in, and exits.
 
 #include "MainWindow.h"
-#include "PrintingMenu.h"
-#include "ReportMenu.h"
-#include "ReportSettingsMenu.h"
 #include "SampleHost.h"
+#include "SettingsMenu.h"
 #include "Tour.h"
 
 #include "library/Factory.h"
+#include "library/RegistryFile.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -18,7 +17,38 @@
 #include <QLocale>
 #include <QStandardPaths>
 #include <QTextStream>
+#include <QTimer>
+#include <cstdio>
 #include <memory>
+
+namespace {
+
+// Messages that platform plugins print in a normal run, and that say nothing to a user
+// of the sample host: the offscreen plugin's missing window features.
+QtMessageHandler standardHandler = nullptr;
+
+void quietPlatformNoise(QtMsgType type, const QMessageLogContext &context, const QString &message)
+{
+    if (type == QtWarningMsg && message.startsWith(QLatin1String("This plugin does not support")))
+        return;
+    if (standardHandler)
+        standardHandler(type, context, message);
+    else
+        fprintf(stderr, "%s\n", qPrintable(qFormatLogMessage(type, context, message)));
+}
+
+// Qt warns on standard error when the runtime folder is not set, as for root in a
+// container; the same private folder it would fall back to is named here instead.
+void ensureRuntimeFolder()
+{
+    if (!qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR"))
+        return;
+    const QString folder = QDir::temp().filePath(QStringLiteral("runtime-%1").arg(qEnvironmentVariable("USER", QStringLiteral("sample-host"))));
+    if (QDir().mkpath(folder) && QFile::setPermissions(folder, QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner))
+        qputenv("XDG_RUNTIME_DIR", QFile::encodeName(folder));
+}
+
+} // namespace
 
 int main(int argc, char **argv)
 {
@@ -28,6 +58,8 @@ int main(int argc, char **argv)
     if (headless)
         qputenv("QT_QPA_PLATFORM", "offscreen");
 
+    ensureRuntimeFolder();
+    standardHandler = qInstallMessageHandler(quietPlatformNoise);
     QApplication app(argc, argv);
     // The sample files write dates the American way; a machine without a locale of its
     // own (the C locale of a bare container) reads them so too.
@@ -54,6 +86,10 @@ int main(int argc, char **argv)
             ? parser.value(dataOption)
             : QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation);
     InstallSampleData(dataFolder);
+    // A sample tree of its own (or the tour) keeps its printer assignments and window
+    // places beside it, so trying the sample host leaves the user's own settings alone.
+    if (parser.isSet(dataOption) || parser.isSet(tourOption))
+        bravcpl5::SetRegistryFile(QDir(dataFolder).filePath(QStringLiteral("registry.ini")));
 
     QString outputFolder = parser.value(tourOption);
     if (outputFolder.isEmpty())
@@ -65,9 +101,7 @@ int main(int argc, char **argv)
     QMetaObject::invokeMethod(library.get(), "Initialize", Q_ARG(QObject *, &host));
 
     MainWindow window(library.get(), &host, outputFolder);
-    addPrintingMenu(window);
-    addReportMenu(window);
-    addReportSettingsMenu(window);
+    addSettingsMenu(window);
     window.show();
 
     int result = 0;
@@ -75,6 +109,7 @@ int main(int argc, char **argv)
         result = RunTour(window, outputFolder);
         QTextStream(stdout) << "Screenshots and output: " << QDir(outputFolder).absolutePath() << '\n';
     } else {
+        QTimer::singleShot(0, &window, &MainWindow::verifyPrinterConfigurations);
         result = QApplication::exec();
     }
     QMetaObject::invokeMethod(library.get(), "PreTerminate");

@@ -16,23 +16,23 @@ namespace bravcpl5 {
 namespace {
 
 struct DatabaseList {
-    const char *type;
+    FilterType type;
     const char *query;
     const char *field;
 };
 
 constexpr DatabaseList databaseLists[] = {
-    {"manufacturer", "SELECT Manufacturer FROM Manufacturers ORDER BY Manufacturer",
+    {FilterType::Manufacturer, "SELECT Manufacturer FROM Manufacturers ORDER BY Manufacturer",
      "Manufacturer"},
-    {"producttype", "SELECT ProductType FROM ProductTypes ORDER BY ProductType", "ProductType"},
-    {"product", "SELECT Product FROM Products ORDER BY Product", "Product"},
-    {"vendor", "SELECT VendorName FROM Vendors ORDER BY VendorName", "VendorName"},
+    {FilterType::ProductType, "SELECT ProductType FROM ProductTypes ORDER BY ProductType", "ProductType"},
+    {FilterType::Product, "SELECT Product FROM Products ORDER BY Product", "Product"},
+    {FilterType::Vendor, "SELECT VendorName FROM Vendors ORDER BY VendorName", "VendorName"},
 };
 
-const DatabaseList *findDatabaseList(const QString &type)
+const DatabaseList *findDatabaseList(FilterType type)
 {
     for (const DatabaseList &list : databaseLists) {
-        if (type == QLatin1String(list.type))
+        if (type == list.type)
             return &list;
     }
     return nullptr;
@@ -78,28 +78,24 @@ void appendDatabaseChoices(QObject *host, const DatabaseList &list, QList<Filter
 
 } // namespace
 
-bool FilterTypeHasChoices(const QString &type)
-{
-    return type == QLatin1String("boolean") || type == QLatin1String("daterange")
-           || type == QLatin1String("productsource") || findDatabaseList(type);
-}
+bool FilterTypeHasChoices(FilterType type) { return type != FilterType::FreeText; }
 
-QList<FilterChoice> FillFilterChoices(QObject *host, const QString &type, int allowAll)
+QList<FilterChoice> FillFilterChoices(QObject *host, FilterType type, int allowAll)
 {
     QList<FilterChoice> choices;
-    if (type == QLatin1String("boolean")) {
+    if (type == FilterType::Boolean) {
         choices = {{QStringLiteral("Yes"), 0}, {QStringLiteral("No"), 0}};
-    } else if (type == QLatin1String("daterange")) {
+    } else if (type == FilterType::DateRange) {
         for (const QString &name : DateRangeChoices())
             choices.append({name, 0});
-    } else if (type == QLatin1String("productsource")) {
+    } else if (type == FilterType::ProductSource) {
         choices = {{QStringLiteral("None"), 0},
                    {QStringLiteral("Purchase"), 1},
                    {QStringLiteral("Fabricate"), 2},
                    {QStringLiteral("Stock"), 3},
                    {QStringLiteral("Other"), 4}};
     } else if (const DatabaseList *list = findDatabaseList(type)) {
-        if (type == QLatin1String("vendor") && allowAll == 1)
+        if (type == FilterType::Vendor && allowAll == 1)
             choices.append({QString::fromLatin1(allVendorsChoice), 0});
         appendDatabaseChoices(host, *list, choices);
     }

@@ -101,15 +101,20 @@ QString GetFilterDescription(const QString &name, const QString &description)
 
 void ApplyFilterValue(FilterRow &row, const QString &value, const CustomRangeEditor &editor)
 {
-    if (row.type == QLatin1String("boolean")) {
+    switch (row.type) {
+    case FilterType::Boolean: {
         const bool no = isNo(value);
         row.value = no ? QStringLiteral("0") : QStringLiteral("1");
         row.valueCaption = no ? QStringLiteral("No") : QStringLiteral("Yes");
-    } else if (row.type == QLatin1String("productsource")) {
+        break;
+    }
+    case FilterType::ProductSource:
         applyProductSource(row, value);
-    } else if (row.type == QLatin1String("daterange")) {
+        break;
+    case FilterType::DateRange:
         row.value = row.valueCaption = applyDateRange(value, editor);
-    } else {
+        break;
+    default:
         row.value = row.valueCaption = value;
     }
 }
@@ -138,7 +143,8 @@ QList<FilterRow> LoadFilterRows(QObject *host, const pugi::xml_document &documen
         row.description = GetFilterDescription(
             row.identifier, GetXmlAttribute(node, QStringLiteral("description"), QString()));
         row.caption = GetXmlAttribute(node, QStringLiteral("label"), row.identifier);
-        row.type = GetXmlAttribute(node, QStringLiteral("type"), QString()).toLower();
+        row.typeName = GetXmlAttribute(node, QStringLiteral("type"), QString()).toLower();
+        row.type = ParseFilterType(row.typeName);
         row.allowAll =
             values::textToInt32(GetXmlAttribute(node, QStringLiteral("allowall"), QStringLiteral("0")))
                 .value_or(0);

@@ -15,6 +15,8 @@
 //   SaveFilterValues(*document, rows, file)             on OK
 // The grid shows row.caption and row.valueCaption; row.value is what is written back.
 
+#include "filters/FilterType.h"
+
 #include <QDate>
 #include <QList>
 #include <QObject>
@@ -28,7 +30,8 @@ struct FilterRow {
     QString identifier;   // the filter element's name; ties the row to its element
     QString caption;      // `label`, else the element name
     QString description;  // see GetFilterDescription
-    QString type;         // `type` in lower case; "" for a free-text filter
+    FilterType type = FilterType::FreeText;
+    QString typeName;     // `type` in lower case, as the dialog's hidden column holds it
     int allowAll = 0;     // `allowall` as a whole number; 1 offers "(All Vendors)"
     QString value;        // the value as it is written back ("0"/"1" for booleans,
                           // "0" to "4" for product sources)
@@ -60,11 +63,11 @@ QString ResolveFilterValue(QObject *host, const QString &value);
 QString GetFilterDescription(const QString &name, const QString &description);
 
 // Whether a filter of this type is edited with a drop-down list rather than as free text.
-bool FilterTypeHasChoices(const QString &type);
+bool FilterTypeHasChoices(FilterType type);
 
 // The value choices of a type, in order; the database lists are read from the host's
 // BRAVSQL each time. Empty for free-text types.
-QList<FilterChoice> FillFilterChoices(QObject *host, const QString &type, int allowAll);
+QList<FilterChoice> FillFilterChoices(QObject *host, FilterType type, int allowAll);
 
 // Sets the row's value and shown caption from `value` by the row's type. A custom date
 // range is passed to `editor` when one is given.

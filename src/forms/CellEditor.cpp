@@ -85,6 +85,10 @@ QWidget *CellEditor::createEditor(QWidget *parent, const QStyleOptionViewItem &o
     connect(box, &QComboBox::activated, box, [box]() { box->picked = true; });
     auto *self = const_cast<CellEditor *>(this);
     box->onClosed = [self, box](bool picked) {
+        // The view hides an editor it has closed itself (the focus moved elsewhere while
+        // the list was down); closing it again would be refused.
+        if (!box->isVisible())
+            return;
         if (picked)
             emit self->commitData(box);
         emit self->closeEditor(box, QAbstractItemDelegate::NoHint);

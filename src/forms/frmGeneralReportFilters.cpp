@@ -49,7 +49,7 @@ void frmGeneralReportFilters::LoadItemList()
     items.reserve(m_rows.size());
     for (const FilterRow &row : std::as_const(m_rows)) {
         auto *item = new QTreeWidgetItem(
-            {row.caption, row.valueCaption, row.type, QString::number(row.allowAll)});
+            {row.caption, row.valueCaption, row.typeName, QString::number(row.allowAll)});
         item->setData(FilterColumn, identifierRole, row.identifier);
         item->setData(FilterColumn, descriptionRole, row.description);
         item->setToolTip(FilterColumn, row.description);

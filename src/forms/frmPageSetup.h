@@ -8,9 +8,9 @@
 // lifetime.
 
 #include "forms/ModalForm.h"
+#include "printing/CachedPrinterInfo.h"
 #include "printing/PageSetup.h"
 #include "printing/PageSetupFields.h"
-#include "printing/PrinterInfo.h"
 
 #include <QPointer>
 #include <memory>
@@ -35,7 +35,8 @@ public:
 
     // Fills the dialog for `configuration` on `printerName` (or the default printer).
     // False, after telling the user why, when there is no printer to set the page up for.
-    bool Open(const QString &configuration, const QString &printerName, PrinterConfigurations *store);
+    bool Open(const QString &configuration, const QString &printerName,
+              PrinterConfigurations *store);
 
     // The printer whose sizes and bins the dialog offers.
     QString currentPrinter() const { return m_printer; }
@@ -66,7 +67,7 @@ private:
 
     std::unique_ptr<Ui::frmPageSetup> ui;
     std::vector<NumericField> m_fields;
-    const PrinterInfo &m_info;
+    CachedPrinterInfo m_info; // read once while the dialog is open
     QPointer<PrinterConfigurations> m_store;
     QString m_configuration;
     QStringList m_printerNames;

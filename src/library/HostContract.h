@@ -29,11 +29,31 @@
 //     PreTerminate()                                 called once when the library has finished
 //                                                    with the object
 //
+// The SQL the library sends, all of it from the report filters dialog, word for word (the
+// dialect has "SELECT TOP n"; a host translates as its database needs):
+//
+//   BRAVSQL.ExecuteRead, then GetRecordValue2 with the field, for a filter's drop-down list
+//     type "manufacturer"  SELECT Manufacturer FROM Manufacturers ORDER BY Manufacturer
+//                          field Manufacturer
+//     type "producttype"   SELECT ProductType FROM ProductTypes ORDER BY ProductType
+//                          field ProductType
+//     type "product"       SELECT Product FROM Products ORDER BY Product          field Product
+//     type "vendor"        SELECT VendorName FROM Vendors ORDER BY VendorName     field VendorName
+//
+//   Common.ExecuteSelectField, for a filter value written as a token
+//     [companybilltostate] SELECT BillToState FROM Company                        field BillToState
+//     [companybilltocity]  SELECT BillToCity FROM Company                         field BillToCity
+//     [companybilltozip]   SELECT BillToZip FROM Company                          field BillToZip
+//   Common.ExecuteScaler, likewise
+//     [1stmanufacturer]    SELECT TOP 1 Manufacturer FROM Manufacturers ORDER BY Manufacturer
+//     [1stproducttype]     SELECT TOP 1 ProductType FROM ProductTypes ORDER BY ProductType
+//     [1stvendor]          SELECT TOP 1 VendorName FROM Vendors ORDER BY VendorName
+//
+// (src/filters/FilterChoices.cpp and FilterDefinitions.cpp hold these tables.)
+//
 // Failures: a host reports a failed call by returning an invalid QVariant from a
 // QVariant-returning method (or by throwing, which the library catches). An empty
-// answer is a valid QVariant holding an empty string. The library sends SQL in the
-// dialect "SELECT TOP n ..." and fixed table names (Manufacturers, Vendors, ProductTypes,
-// Products, Company); the host translates as its database needs.
+// answer is a valid QVariant holding an empty string.
 //
 // Ownership: the library never deletes a host object, nor anything a host member returns;
 // it keeps the host pointer only between Initialize and PreTerminate.

@@ -1,17 +1,23 @@
 #include "printing/CupsQueue.h"
 
 #include "printing/PaperBinCodes.h"
+#include "printing/PaperSizeCodes.h"
 
 #include <QFile>
-#include <cups/cups.h>
-#include <cups/ppd.h>
 #include <algorithm>
 #include <cmath>
+#include <cups/cups.h>
+#include <cups/ppd.h>
 #include <memory>
 
 namespace bravcpl5 {
 
 namespace {
+
+const QString inputSlot = QStringLiteral("InputSlot");
+const QString manualFeed = QStringLiteral("ManualFeed");
+// The largest sheet taken: 200 inches, beyond any roll a dealer prints on and within twips.
+constexpr double maximumPoints = 200 * 72;
 
 // The PPD calls are deprecated in favour of the IPP destination API, which gives neither
 // the driver's bin names nor the printable areas; they are still part of libcups.
@@ -35,42 +41,146 @@ PpdFile openPpd(const QByteArray &queue)
     return ppd;
 }
 
-bool readPpd(const QByteArray &queue, const cups_dest_t *dest, CupsQueue &result)
+// A driver's own paper source option ("HPPaperSource", "BRInputSlot"): a choice among
+// sources, not an installable accessory.
+bool isVendorSource(const ppd_group_t &group, const ppd_option_t &option)
 {
-    PpdFile ppd = openPpd(queue);
-    if (!ppd)
-        return false;
-    result.binOption = QStringLiteral("InputSlot");
-    if (const ppd_option_t *inputSlot = ppdFindOption(ppd.get(), "InputSlot")) {
-        QStringList keywords;
-        for (int i = 0; i < inputSlot->num_choices; ++i)
-            keywords.append(QString::fromUtf8(inputSlot->choices[i].choice));
-        const QList<int> codes = NumberPaperBins(keywords);
-        for (int i = 0; i < inputSlot->num_choices; ++i) {
-            const QString text = QString::fromUtf8(inputSlot->choices[i].text);
-            result.bins.append({keywords[i], text.isEmpty() ? keywords[i] : text, codes[i]});
-        }
-        // The queue's own default (lpadmin -o InputSlot=...) outranks the driver's.
-        const char *chosen = cupsGetOption("InputSlot", dest->num_options, dest->options);
-        result.defaultBin = QString::fromUtf8(chosen ? chosen : inputSlot->defchoice);
+    const QString keyword = QString::fromUtf8(option.keyword).toLower();
+    return option.ui != PPD_UI_BOOLEAN && qstrcmp(group.name, "InstallableOptions") != 0
+           && keyword != QLatin1String("inputslot")
+           && (keyword.contains(QLatin1String("inputslot"))
+               || keyword.contains(QLatin1String("papersource"))
+               || keyword.contains(QLatin1String("mediasource")));
+}
+
+void collectVendorSources(const ppd_group_t &group, QList<const ppd_option_t *> &found)
+{
+    for (int i = 0; i < group.num_options; ++i) {
+        if (isVendorSource(group, group.options[i]))
+            found.append(&group.options[i]);
     }
-    const char *size = cupsGetOption("PageSize", dest->num_options, dest->options);
-    ppd_option_t *sizes = ppdFindOption(ppd.get(), "PageSize");
-    result.defaultSize = QString::fromUtf8(size ? size : sizes ? sizes->defchoice : "");
+    for (int i = 0; i < group.num_subgroups; ++i)
+        collectVendorSources(group.subgroups[i], found);
+}
+
+// A bin and where its name comes from once the PPD is translated.
+struct BinSource {
+    const ppd_option_t *option;
+    const ppd_choice_t *choice; // null for the ManualFeed option's single bin
+};
+
+QList<BinSource> binSources(ppd_file_t *ppd)
+{
+    QList<const ppd_option_t *> options;
+    if (const ppd_option_t *slot = ppdFindOption(ppd, "InputSlot"))
+        options.append(slot);
+    else
+        for (int i = 0; i < ppd->num_groups; ++i)
+            collectVendorSources(ppd->groups[i], options);
+    QList<BinSource> sources;
+    for (const ppd_option_t *option : options) {
+        for (int i = 0; i < option->num_choices; ++i)
+            sources.append({option, &option->choices[i]});
+    }
+    if (const ppd_option_t *manual = ppdFindOption(ppd, "ManualFeed");
+        manual && manual->ui == PPD_UI_BOOLEAN)
+        sources.append({manual, nullptr});
+    return sources;
+}
+
+// The driver's name of a bin in the PPD's current language; the ManualFeed option's bin is
+// named by the option ("Tray 1 (Manual)"), else "Manual Feed".
+QString binName(const BinSource &source)
+{
+    if (!source.choice) {
+        // libcups gives an option without a text its keyword instead.
+        const QString text = QString::fromUtf8(source.option->text);
+        return text.isEmpty() || text == manualFeed ? QStringLiteral("Manual Feed") : text;
+    }
+    return QString::fromUtf8(source.choice->text[0] ? source.choice->text : source.choice->choice);
+}
+
+// The queue's own default (lpadmin -o Option=...) outranks the driver's.
+QString chosenValue(const ppd_option_t *option, const cups_dest_t *dest)
+{
+    const char *chosen = cupsGetOption(option->keyword, dest->num_options, dest->options);
+    return QString::fromUtf8(chosen ? chosen : option->defchoice);
+}
+
+void readBins(ppd_file_t *ppd, const cups_dest_t *dest, CupsQueue &result)
+{
+    const QList<BinSource> sources = binSources(ppd);
+    // A printer without trays to choose (most label printers; some with only a manual feed
+    // switch) still has the bin a job without a source option takes.
+    const bool trays = std::any_of(sources.begin(), sources.end(),
+                                   [](const BinSource &source) { return source.choice; });
+    const QString automatic = QStringLiteral("Automatically Select");
+    // Codes from the driver's own texts, before translation, so they do not depend on the
+    // user's language.
+    QList<PaperBinName> names;
+    if (!trays)
+        names.append({QString(), automatic});
+    for (const BinSource &source : sources)
+        names.append({source.choice ? QString::fromUtf8(source.choice->choice) : manualFeed,
+                      binName(source)});
+    const QList<int> codes = NumberPaperBins(names);
+    if (!trays) {
+        result.bins.append({QString(), QString(), automatic, codes.first()});
+        result.defaultBinCode = codes.first();
+    }
+    ppdLocalize(ppd);
+    const qsizetype first = trays ? 0 : 1;
+    for (qsizetype i = 0; i < sources.size(); ++i) {
+        const BinSource &source = sources[i];
+        const QString option = QString::fromUtf8(source.option->keyword);
+        const QString keyword = source.choice ? names[first + i].keyword : QStringLiteral("True");
+        const int code = codes[first + i];
+        result.bins.append({option, keyword, binName(source), code});
+        if (chosenValue(source.option, dest) == keyword
+            && (result.defaultBinCode == 0 || !trays || !source.choice))
+            result.defaultBinCode = code; // manual feed switched on outranks the tray
+    }
+    result.hasManualFeedOption = !sources.isEmpty() && !sources.last().choice;
+}
+
+void readSizes(ppd_file_t *ppd, const cups_dest_t *dest, CupsQueue &result)
+{
+    ppd_option_t *pageSize = ppdFindOption(ppd, "PageSize");
+    const QString chosen = pageSize ? chosenValue(pageSize, dest) : QString();
+    QList<QSizeF> points;
     for (int i = 0; i < ppd->num_sizes; ++i) {
         const ppd_size_t &paper = ppd->sizes[i];
-        if (qstrcmp(paper.name, "Custom") == 0)
+        // The custom size is no sheet, and neither is one without a usable size.
+        if (qstrcmp(paper.name, "Custom") == 0 || !(paper.width > 0 && paper.length > 0)
+            || !(paper.width < maximumPoints && paper.length < maximumPoints))
             continue;
         CupsPaperSize entry;
         entry.keyword = QString::fromUtf8(paper.name);
-        const ppd_choice_t *choice = sizes ? ppdFindChoice(sizes, paper.name) : nullptr;
+        const ppd_choice_t *choice = pageSize ? ppdFindChoice(pageSize, paper.name) : nullptr;
         entry.name = choice && choice->text[0] ? QString::fromUtf8(choice->text) : entry.keyword;
         entry.points = QSizeF(paper.width, paper.length);
         // The imageable area is given by its corners, from the bottom left.
         entry.unprintable = QMarginsF(paper.left, paper.length - paper.top,
                                       paper.width - paper.right, paper.bottom);
         result.sizes.append(entry);
+        points.append(entry.points);
     }
+    const QList<int> codes = NumberPaperSizes(points);
+    for (qsizetype i = 0; i < result.sizes.size(); ++i) {
+        result.sizes[i].code = codes[i];
+        if (result.sizes[i].keyword == chosen)
+            result.defaultSizeCode = codes[i];
+    }
+}
+
+bool readPpd(const QByteArray &queue, const cups_dest_t *dest, CupsQueue &result)
+{
+    PpdFile ppd = openPpd(queue);
+    if (!ppd)
+        return false;
+    result.hasPpd = true;
+    readBins(ppd.get(), dest, result); // translates the PPD, so sizes are named after it
+    readSizes(ppd.get(), dest, result);
     return true;
 }
 
@@ -88,26 +198,30 @@ QString keywordToName(const QString &keyword)
 
 void readIpp(cups_dest_t *dest, CupsQueue &result)
 {
-    result.binOption = QStringLiteral("media-source");
     cups_dinfo_t *info = cupsCopyDestInfo(CUPS_HTTP_DEFAULT, dest);
     if (!info)
         return;
+    const QString option = QStringLiteral("media-source");
     ipp_attribute_t *sources = cupsFindDestSupported(CUPS_HTTP_DEFAULT, dest, info, "media-source");
-    QStringList keywords;
-    for (int i = 0; i < ippGetCount(sources); ++i)
-        keywords.append(QString::fromUtf8(ippGetString(sources, i, nullptr)));
-    const QList<int> codes = NumberPaperBins(keywords);
-    for (int i = 0; i < keywords.size(); ++i) {
-        const QByteArray keyword = keywords[i].toUtf8();
+    QList<PaperBinName> names;
+    for (int i = 0; i < ippGetCount(sources); ++i) {
+        const QString keyword = QString::fromUtf8(ippGetString(sources, i, nullptr));
+        names.append({keyword, keywordToName(keyword)});
+    }
+    const QList<int> codes = NumberPaperBins(names);
+    ipp_attribute_t *chosen = cupsFindDestDefault(CUPS_HTTP_DEFAULT, dest, info, "media-source");
+    const QString chosenKeyword = QString::fromUtf8(chosen ? ippGetString(chosen, 0, nullptr) : "");
+    for (qsizetype i = 0; i < names.size(); ++i) {
+        const QByteArray keyword = names[i].keyword.toUtf8();
         const char *localized = cupsLocalizeDestValue(CUPS_HTTP_DEFAULT, dest, info, "media-source",
                                                       keyword.constData());
         QString name = QString::fromUtf8(localized ? localized : "");
-        if (name.isEmpty() || name == keywords[i])
-            name = keywordToName(keywords[i]);
-        result.bins.append({keywords[i], name, codes[i]});
+        if (name.isEmpty() || name == names[i].keyword)
+            name = names[i].name;
+        result.bins.append({option, names[i].keyword, name, codes[i]});
+        if (names[i].keyword == chosenKeyword)
+            result.defaultBinCode = codes[i];
     }
-    if (ipp_attribute_t *chosen = cupsFindDestDefault(CUPS_HTTP_DEFAULT, dest, info, "media-source"))
-        result.defaultBin = QString::fromUtf8(ippGetString(chosen, 0, nullptr));
     cupsFreeDestInfo(info);
 }
 
@@ -117,6 +231,12 @@ template <typename T, typename Match> const T *findFirst(const QList<T> &list, M
     return found == list.end() ? nullptr : &*found;
 }
 
+template <typename T> const T *byCodeOrFirst(const QList<T> &list, int code)
+{
+    const T *found = findFirst(list, [&](const T &item) { return item.code == code; });
+    return found || list.isEmpty() ? found : &list.first();
+}
+
 } // namespace
 
 const CupsPaperBin *CupsQueue::binByCode(int code) const
@@ -124,9 +244,9 @@ const CupsPaperBin *CupsQueue::binByCode(int code) const
     return findFirst(bins, [&](const CupsPaperBin &bin) { return bin.code == code; });
 }
 
-const CupsPaperBin *CupsQueue::binByKeyword(const QString &keyword) const
+const CupsPaperSize *CupsQueue::sizeByCode(int code) const
 {
-    return findFirst(bins, [&](const CupsPaperBin &bin) { return bin.keyword == keyword; });
+    return findFirst(sizes, [&](const CupsPaperSize &size) { return size.code == code; });
 }
 
 const CupsPaperSize *CupsQueue::sizeByPoints(const QSizeF &points) const
@@ -137,9 +257,28 @@ const CupsPaperSize *CupsQueue::sizeByPoints(const QSizeF &points) const
     });
 }
 
-const CupsPaperSize *CupsQueue::sizeByKeyword(const QString &keyword) const
+const CupsPaperSize *CupsQueue::defaultSize() const
 {
-    return findFirst(sizes, [&](const CupsPaperSize &size) { return size.keyword == keyword; });
+    return byCodeOrFirst(sizes, defaultSizeCode);
+}
+
+const CupsPaperBin *CupsQueue::defaultBin() const { return byCodeOrFirst(bins, defaultBinCode); }
+
+CupsOptions CupsQueue::jobOptions(const CupsPaperSize *size, const CupsPaperBin *bin) const
+{
+    CupsOptions options;
+    if (size) {
+        options.append({QStringLiteral("media"), size->keyword});
+        if (hasPpd)
+            options.append({QStringLiteral("PageSize"), size->keyword});
+    }
+    if (!bin)
+        return options;
+    if (!bin->option.isEmpty()) // the automatic bin of a printer without trays has none
+        options.append({bin->option, bin->keyword});
+    if (hasManualFeedOption && bin->option != manualFeed)
+        options.append({manualFeed, QStringLiteral("False")});
+    return options;
 }
 
 CupsQueue ReadCupsQueue(const QString &queue)
@@ -158,13 +297,39 @@ CupsQueue ReadCupsQueue(const QString &queue)
     return result;
 }
 
+QStringList ReadCupsQueueNames()
+{
+    ipp_t *request = ippNewRequest(IPP_OP_CUPS_GET_PRINTERS);
+    ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_KEYWORD, "requested-attributes", nullptr,
+                 "printer-name");
+    ipp_t *response = cupsDoRequest(CUPS_HTTP_DEFAULT, request, "/");
+    QStringList names;
+    for (ipp_attribute_t *a = ippFindAttribute(response, "printer-name", IPP_TAG_NAME); a;
+         a = ippFindNextAttribute(response, "printer-name", IPP_TAG_NAME))
+        names.append(QString::fromUtf8(ippGetString(a, 0, nullptr)));
+    ippDelete(response);
+    std::sort(names.begin(), names.end(), [](const QString &a, const QString &b) {
+        return a.compare(b, Qt::CaseInsensitive) < 0;
+    });
+    return names;
+}
+
+QString ReadCupsDefaultQueue()
+{
+    cups_dest_t *dest = cupsGetNamedDest(CUPS_HTTP_DEFAULT, nullptr, nullptr);
+    const QString name = dest ? QString::fromUtf8(dest->name) : QString();
+    cupsFreeDests(dest ? 1 : 0, dest);
+    return name;
+}
+
 int SubmitCupsJob(const QString &queue, const QString &file, const QString &title,
                   const CupsOptions &options)
 {
     int count = 0;
     cups_option_t *list = nullptr;
     for (const auto &[option, value] : options)
-        count = cupsAddOption(option.toUtf8().constData(), value.toUtf8().constData(), count, &list);
+        count = cupsAddOption(option.toUtf8().constData(), value.toUtf8().constData(), count,
+                              &list);
     const int job = cupsPrintFile2(CUPS_HTTP_DEFAULT, queue.toUtf8().constData(),
                                    QFile::encodeName(file).constData(), title.toUtf8().constData(),
                                    count, list);

@@ -1,9 +1,10 @@
 #pragma once
 
-// What a CUPS queue tells beyond Qt's printer information: its paper bins (with the job
-// option that selects one), its default bin, and the printable area of each paper size.
-// Read through libcups from the server that CUPS_SERVER (or the client configuration)
-// names; a queue the server does not know reads as not found.
+// What a CUPS queue tells beyond Qt's printer information: its paper sizes with their exact
+// dimensions and printable areas, its paper bins with the job option that selects each one,
+// their codes, and the queue's defaults. Read through libcups from the server that
+// CUPS_SERVER (or the client configuration) names; a queue the server does not know reads as
+// not found. Names are in the user's language where the driver has it.
 
 #include <QList>
 #include <QMarginsF>
@@ -15,41 +16,55 @@
 namespace bravcpl5 {
 
 struct CupsPaperBin {
-    QString keyword; // the job option's value ("Upper", "top")
+    QString option;  // the job option that selects it: "InputSlot", "ManualFeed", the
+                     // driver's own ("HPPaperSource"), or "media-source" without a PPD
+    QString keyword; // that option's value ("Upper", "True", "top")
     QString name;    // display name ("Upper Tray")
     int code = 0;    // Windows bin code (see PaperBinCodes.h)
 };
 
 struct CupsPaperSize {
-    QString keyword;     // the PPD's PageSize ("Letter", "w288h432")
-    QString name;        // display name
-    QSizeF points;       // portrait width and height
+    QString keyword;       // the PPD's PageSize ("Letter", "w288h432")
+    QString name;          // display name
+    QSizeF points;         // portrait width and height, exactly as the PPD gives them
     QMarginsF unprintable; // portrait edges the printer cannot reach, in points
+    int code = 0;          // Windows paper code (see PaperSizeCodes.h)
 };
+
+using CupsOptions = QList<std::pair<QString, QString>>;
 
 struct CupsQueue {
     bool found = false;
-    // The job option that selects a bin: "InputSlot" for a queue with a PPD,
-    // "media-source" for one known only through its IPP attributes.
-    QString binOption;
+    bool hasPpd = false;
+    bool hasManualFeedOption = false; // a separate Boolean ManualFeed option
     QList<CupsPaperBin> bins;
-    QString defaultBin; // keyword; empty when the queue names none
+    int defaultBinCode = 0; // 0 when the queue names none
     QList<CupsPaperSize> sizes;
-    QString defaultSize; // keyword; empty when the queue names none
+    int defaultSizeCode = 0; // 0 when the queue names none
 
     const CupsPaperBin *binByCode(int code) const;
-    const CupsPaperBin *binByKeyword(const QString &keyword) const;
+    const CupsPaperSize *sizeByCode(int code) const;
     // The size with these portrait dimensions (to a point), or null.
     const CupsPaperSize *sizeByPoints(const QSizeF &points) const;
-    const CupsPaperSize *sizeByKeyword(const QString &keyword) const;
+    // The default size and bin, else the first; null when there are none.
+    const CupsPaperSize *defaultSize() const;
+    const CupsPaperBin *defaultBin() const;
+    // The job options that print on `size` from `bin` (either may be null): the size as
+    // "media" (and as "PageSize" for a PPD), the bin's own option, and ManualFeed off when
+    // another bin of a printer with a separate manual feed option is chosen.
+    CupsOptions jobOptions(const CupsPaperSize *size, const CupsPaperBin *bin) const;
 };
 
-// Reads a queue's bins and sizes. The PPD's InputSlot choices come first, since they carry
-// the names the driver shows and the keyword the job needs; a queue without a PPD answers
-// through its IPP "media-source" values.
+// Reads a queue's bins and sizes: from its PPD (InputSlot, else the driver's own source
+// option, and a separate ManualFeed option), or for a queue without one from its IPP
+// "media-source" values. One request for the destination and one for its PPD.
 CupsQueue ReadCupsQueue(const QString &queue);
 
-using CupsOptions = QList<std::pair<QString, QString>>;
+// The server's queues by name, sorted without regard to case, from one request for their
+// names alone (asking for whole destinations costs seven times as much with 150 queues).
+QStringList ReadCupsQueueNames();
+// The default queue (the user's lpoptions and LPDEST/PRINTER first, as lp does); "" for none.
+QString ReadCupsDefaultQueue();
 
 // Sends a file to a queue as one job with these options; returns the job id, 0 on failure.
 int SubmitCupsJob(const QString &queue, const QString &file, const QString &title,

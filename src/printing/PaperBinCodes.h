@@ -11,13 +11,22 @@ namespace bravcpl5 {
 // The first code for a bin without a standard code.
 constexpr int FirstPrinterBinCode = 256;
 
-// The standard code of a bin keyword, from a PPD's InputSlot ("Upper", "ManualFeed") or
-// an IPP media-source ("top", "large-capacity"); 0 when the bin has none. Case, spaces,
-// hyphens and underscores do not matter.
-int StandardPaperBinCode(const QString &keyword);
+// A bin as the driver names it: the keyword its option takes ("Tray1_Man", "EF1", "top")
+// and its name in the driver's own language, before any translation ("Tray 1 (Manual)").
+struct PaperBinName {
+    QString keyword;
+    QString name;
+};
+
+// The standard code of a bin, from its keyword, else from its name; 0 when it has none.
+// Case, spaces, hyphens, underscores and brackets do not matter, and the common spellings
+// of drivers and IPP count ("Tray1_Man", "EF1", "MF", "ManualEnv", "by-pass-tray", "LCT").
+int StandardPaperBinCode(const PaperBinName &bin);
 
 // Codes for a printer's bins in the printer's order: the standard code where there is
-// one and not already taken, otherwise 256 and up.
-QList<int> NumberPaperBins(const QStringList &keywords);
+// one and not already taken, otherwise 256 and up. A multi-purpose or bypass tray takes the
+// manual code only when no other bin is called manual. Names decide only in the driver's own
+// language, so the codes do not change with the user's.
+QList<int> NumberPaperBins(const QList<PaperBinName> &bins);
 
 } // namespace bravcpl5

@@ -10,6 +10,12 @@ std::unique_ptr<PrinterInfo> &instance()
 }
 } // namespace
 
+PrinterPaper PrinterInfo::paper(const QString &printer) const
+{
+    return {paperSizes(printer), paperBins(printer), currentPaperSize(printer),
+            currentPaperBin(printer)};
+}
+
 PrinterInfo &CurrentPrinterInfo()
 {
     if (!instance())

@@ -5,8 +5,10 @@
 // codes that printer configuration files store (Windows paper and bin codes, so that a
 // file written on one system reads the same on another).
 //
-// The process holds one PrinterInfo. By default it reads the system's printers (Qt for
-// printers and sizes, CUPS for bins); tests install a fake with SetPrinterInfo.
+// The process holds one PrinterInfo. By default it reads the system's printers (CUPS for the
+// printer list, the CUPS queue itself for sizes and bins), afresh on every call; tests install
+// a fake with SetPrinterInfo. A dialog holds a CachedPrinterInfo over it, which reads each
+// thing once for the dialog's lifetime.
 
 #include <QList>
 #include <QString>
@@ -27,6 +29,14 @@ struct PaperBinInfo {
     int code = 0; // Windows bin code; 256 and up for bins without a standard code
 };
 
+// One printer's paper, as one read of the printer gives it.
+struct PrinterPaper {
+    QList<PaperSizeInfo> sizes;
+    QList<PaperBinInfo> bins;
+    int currentSize = 0;
+    int currentBin = 0;
+};
+
 class PrinterInfo
 {
 public:
@@ -42,6 +52,25 @@ public:
     // The printer's current (default) paper size and bin codes; 0 when unknown.
     virtual int currentPaperSize(const QString &printer) const = 0;
     virtual int currentPaperBin(const QString &printer) const = 0;
+    // All four at once; the system's reads the printer once for them.
+    virtual PrinterPaper paper(const QString &printer) const;
+};
+
+// A PrinterInfo whose per-printer answers all come from one paper() read.
+class PaperPrinterInfo : public PrinterInfo
+{
+public:
+    QList<PaperSizeInfo> paperSizes(const QString &printer) const final
+    {
+        return paper(printer).sizes;
+    }
+    QList<PaperBinInfo> paperBins(const QString &printer) const final
+    {
+        return paper(printer).bins;
+    }
+    int currentPaperSize(const QString &printer) const final { return paper(printer).currentSize; }
+    int currentPaperBin(const QString &printer) const final { return paper(printer).currentBin; }
+    PrinterPaper paper(const QString &printer) const override = 0;
 };
 
 // The process's printer information.

@@ -1,5 +1,7 @@
 #include "report/ReferenceReport.h"
 
+#include "report/PdfMediaBox.h"
+
 #include <QDir>
 #include <QPainter>
 #include <QPrinter>
@@ -7,8 +9,7 @@
 
 namespace bravcpl5 {
 
-ReferenceReport::ReferenceReport(QObject *parent)
-    : QObject(parent)
+ReferenceReport::ReferenceReport(QObject *parent) : QObject(parent)
 {
     m_printer.setObjectName(QStringLiteral("Printer"));
     m_printer.setParent(this);
@@ -16,19 +17,32 @@ ReferenceReport::ReferenceReport(QObject *parent)
     m_pageSettings.setParent(this);
 }
 
-bool ReferenceReport::print(const PageDrawer &drawPage)
+QString ReferenceReport::resolvePage()
 {
-    m_lastJobId = 0;
     PrinterInfo &printers = CurrentPrinterInfo();
     // An empty device name means the default printer, as for any report.
     const QString device = m_printer.deviceName();
-    const QString queue = FindPrinter(printers, device.isEmpty() ? printers.defaultPrinterName() : device);
+    const QString queue = FindPrinter(printers,
+                                      device.isEmpty() ? printers.defaultPrinterName() : device);
+    // A PDF or a preview for a named printer shows what that printer would get.
+    m_lastPage = ResolveReportPage(m_pageSettings.values(), ReadCupsQueue(queue),
+                                   printers.paperSizes(queue));
+    return queue;
+}
+
+bool ReferenceReport::paint(QPrinter &printer, const PageDrawer &drawPage)
+{
+    resolvePage();
+    return draw(printer, drawPage);
+}
+
+bool ReferenceReport::print(const PageDrawer &drawPage)
+{
+    m_lastJobId = 0;
+    const QString queue = resolvePage();
     const bool toPdf = !m_outputFileName.isEmpty();
     if (queue.isEmpty() && !toPdf)
         return false;
-    // A PDF for a named printer shows what that printer would get.
-    const CupsQueue cups = ReadCupsQueue(queue);
-    m_lastPage = ResolveReportPage(m_pageSettings.values(), cups, printers.paperSizes(queue));
     if (toPdf)
         return render(m_outputFileName, drawPage);
 
@@ -39,23 +53,24 @@ bool ReferenceReport::print(const PageDrawer &drawPage)
     const QString pdf = QDir(folder.path()).filePath(QStringLiteral("report.pdf"));
     if (!folder.isValid() || !render(pdf, drawPage))
         return false;
-    CupsOptions options;
-    if (!m_lastPage.mediaKeyword.isEmpty())
-        options.append({QStringLiteral("media"), m_lastPage.mediaKeyword});
-    if (!m_lastPage.binKeyword.isEmpty())
-        options.append({cups.binOption, m_lastPage.binKeyword});
-    m_lastJobId = SubmitCupsJob(queue, pdf, m_documentName, options);
+    m_lastJobId = SubmitCupsJob(queue, pdf, m_documentName, m_lastPage.jobOptions);
     return m_lastJobId > 0;
 }
 
 bool ReferenceReport::render(const QString &pdfFile, const PageDrawer &drawPage) const
 {
-    // Device units are twips, so pages draw in twips and fonts given in points come out
-    // at their size (a scaled painter would scale them again).
     QPrinter printer(QPrinter::HighResolution);
     printer.setOutputFormat(QPrinter::PdfFormat);
-    printer.setResolution(int(TwipsPerInch));
     printer.setOutputFileName(pdfFile);
+    return draw(printer, drawPage)
+           && SetExactMediaBox(pdfFile, m_lastPage.paperTwips() / TwipsPerPoint);
+}
+
+bool ReferenceReport::draw(QPrinter &printer, const PageDrawer &drawPage) const
+{
+    // Device units are twips, so pages draw in twips and fonts given in points come out
+    // at their size (a scaled painter would scale them again).
+    printer.setResolution(int(TwipsPerInch));
     printer.setDocName(m_documentName);
     printer.setCreator(QStringLiteral("bravcpl5"));
     // The margins are already within the printable area (QPrinter refuses them otherwise);
@@ -72,7 +87,8 @@ bool ReferenceReport::render(const QString &pdfFile, const PageDrawer &drawPage)
     const QRectF paper(QPointF(0, 0), m_lastPage.paperTwips());
     for (int number = 1;; ++number) {
         painter.save();
-        const bool more = drawPage && drawPage(painter, {number, paper, m_lastPage.contentRect(number)});
+        const bool more = drawPage
+                          && drawPage(painter, {number, paper, m_lastPage.contentRect(number)});
         painter.restore();
         if (!more)
             break;

@@ -13,14 +13,15 @@
 #include <functional>
 
 class QPainter;
+class QPrinter;
 
 namespace bravcpl5 {
 
 // One page to draw. The painter works in twips from the paper's top left corner.
 struct ReportPageToDraw {
-    int number = 1;   // from 1
-    QRectF paper;     // twips
-    QRectF content;   // inside the margins and gutter
+    int number = 1; // from 1
+    QRectF paper;   // twips
+    QRectF content; // inside the margins and gutter
 };
 
 class ReferenceReport : public QObject
@@ -51,6 +52,9 @@ public:
     // Resolves the page for the printer, draws the pages and prints them (or writes the
     // PDF). False when the printer is not installed or nothing could be printed.
     bool print(const PageDrawer &drawPage);
+    // Resolves the page the same way and draws the pages on `printer` (a print preview's,
+    // say), whose page layout and resolution it sets. False when nothing could be drawn.
+    bool paint(QPrinter &printer, const PageDrawer &drawPage);
 
     // The page the last print used, with what was changed to suit the printer.
     const ResolvedReportPage &lastPage() const { return m_lastPage; }
@@ -58,7 +62,10 @@ public:
     int lastJobId() const { return m_lastJobId; }
 
 private:
+    // The queue the page was resolved for; "" for none.
+    QString resolvePage();
     bool render(const QString &pdfFile, const PageDrawer &drawPage) const;
+    bool draw(QPrinter &printer, const PageDrawer &drawPage) const;
 
     ReportPrinter m_printer;
     ReportPageSettings m_pageSettings;

@@ -1,6 +1,9 @@
 #include "report/ReportPage.h"
 
+#include "printing/PaperSizeCodes.h"
+
 #include <algorithm>
+#include <cmath>
 
 namespace bravcpl5 {
 
@@ -9,7 +12,10 @@ namespace {
 // The least width and height left for content, so that a page always has somewhere to draw.
 constexpr double minimumContent = TwipsPerPoint;
 
-QString inches(double twips) { return QString::number(twips / TwipsPerInch, 'g', 4) + QStringLiteral(" in"); }
+QString inches(double twips)
+{
+    return QString::number(twips / TwipsPerInch, 'g', 4) + QStringLiteral(" in");
+}
 
 QPageSize sizeFromTwips(double width, double height)
 {
@@ -38,37 +44,50 @@ QPageSize requestedPaper(const ReportPageValues &values, const QList<PaperSizeIn
     return QPageSize(QPageSize::Letter);
 }
 
-// Keeps the paper when the queue has it; otherwise the queue's default paper.
-const CupsPaperSize *queuePaper(const CupsQueue &queue, QPageSize &paper, QStringList &adjustments)
+bool samePaper(const QSizeF &a, const QSizeF &b)
+{
+    return std::abs(a.width() - b.width()) < 1.0 && std::abs(a.height() - b.height()) < 1.0;
+}
+
+// The queue's own size for the values: the size with that code (a printer's own code,
+// 256 and up, only while the stored width and height still agree with it, as the code may
+// have been chosen on another printer), else the size with the requested dimensions, else
+// the queue's default. The paper becomes exactly that size, fractions of a point kept.
+const CupsPaperSize *queuePaper(const ReportPageValues &values, const CupsQueue &queue,
+                                QPageSize &paper, QStringList &adjustments)
 {
     if (!queue.found || queue.sizes.isEmpty())
         return nullptr;
     const QSizeF points = paper.size(QPageSize::Point);
-    if (const CupsPaperSize *size = queue.sizeByPoints(points))
-        return size;
-    const CupsPaperSize *fallback = queue.sizeByKeyword(queue.defaultSize);
-    if (!fallback)
-        fallback = &queue.sizes.first();
-    adjustments.append(QStringLiteral("Paper %1 x %2 not offered by the printer: %3 used")
-                           .arg(inches(points.width() * TwipsPerPoint),
-                                inches(points.height() * TwipsPerPoint), fallback->name));
-    paper = QPageSize(fallback->points, QPageSize::Point, fallback->name, QPageSize::FuzzyMatch);
-    return fallback;
+    const CupsPaperSize *size = queue.sizeByCode(values.paperSize);
+    if (size && values.paperSize >= FirstPrinterPaperCode && !samePaper(size->points, points))
+        size = nullptr;
+    if (!size)
+        size = queue.sizeByPoints(points);
+    if (!size) {
+        size = queue.defaultSize();
+        adjustments.append(
+            QStringLiteral("Paper size %1 (%2 x %3) not offered by the printer: %4 used")
+                .arg(values.paperSize)
+                .arg(inches(points.width() * TwipsPerPoint),
+                     inches(points.height() * TwipsPerPoint), size->name));
+    }
+    paper = QPageSize(size->points, QPageSize::Point, size->name, QPageSize::ExactMatch);
+    return size;
 }
 
-QString queueBin(const ReportPageValues &values, const CupsQueue &queue, QStringList &adjustments)
+const CupsPaperBin *queueBin(const ReportPageValues &values, const CupsQueue &queue,
+                             QStringList &adjustments)
 {
     if (!queue.found || queue.bins.isEmpty())
-        return QString();
+        return nullptr;
     if (const CupsPaperBin *bin = queue.binByCode(values.paperSource))
-        return bin->keyword;
-    const CupsPaperBin *fallback = queue.binByKeyword(queue.defaultBin);
-    if (!fallback)
-        fallback = &queue.bins.first();
+        return bin;
+    const CupsPaperBin *fallback = queue.defaultBin();
     adjustments.append(QStringLiteral("Paper source %1 not offered by the printer: %2 used")
                            .arg(values.paperSource)
                            .arg(fallback->name));
-    return fallback->keyword;
+    return fallback;
 }
 
 // The printer's unreachable edges, turned with the page (landscape turns the paper a
@@ -116,7 +135,7 @@ void noteMargin(const char *name, double before, double after, QStringList &adju
 
 QSizeF ResolvedReportPage::paperTwips() const
 {
-    const QSizeF size = paper.size(QPageSize::Point) * TwipsPerPoint;
+    const QSizeF size = paperPoints * TwipsPerPoint;
     return orientation == QPageLayout::Portrait ? size : size.transposed();
 }
 
@@ -136,9 +155,13 @@ ResolvedReportPage ResolveReportPage(const ReportPageValues &values, const CupsQ
     ResolvedReportPage page;
     QStringList &notes = page.adjustments;
     page.paper = requestedPaper(values, printerSizes, notes);
-    const CupsPaperSize *size = queuePaper(queue, page.paper, notes);
+    const CupsPaperSize *size = queuePaper(values, queue, page.paper, notes);
+    page.paperPoints = size ? size->points : page.paper.size(QPageSize::Point);
+    const CupsPaperBin *bin = queueBin(values, queue, notes);
     page.mediaKeyword = size ? size->keyword : QString();
-    page.binKeyword = queueBin(values, queue, notes);
+    page.binKeyword = bin ? bin->keyword : QString();
+    page.binName = bin ? bin->name : QString();
+    page.jobOptions = queue.jobOptions(size, bin);
 
     if (values.orientation != 1 && values.orientation != 2)
         notes.append(QStringLiteral("Orientation %1 printed as portrait").arg(values.orientation));

@@ -34,14 +34,17 @@ struct ReportPageValues {
 };
 
 struct ResolvedReportPage {
-    QPageSize paper;                  // as the paper lies in the printer (portrait)
+    QPageSize paper; // as the paper lies in the printer (portrait)
+    QSizeF paperPoints; // its exact size (Qt gives standard sizes in whole points)
     QPageLayout::Orientation orientation = QPageLayout::Portrait;
-    QMarginsF margins;                // twips, on the page as printed, without the gutter
-    double gutter = 0;                // twips, added at the binding edge
+    QMarginsF margins; // twips, on the page as printed, without the gutter
+    double gutter = 0; // twips, added at the binding edge
     bool mirrorMargins = false;
-    QString mediaKeyword;             // the queue's PageSize; empty without a queue
-    QString binKeyword;               // the queue's bin; empty without a queue
-    QStringList adjustments;          // what was changed to suit the printer
+    QString mediaKeyword;    // the queue's PageSize; empty without a queue
+    QString binKeyword;      // the value of the queue's bin option; empty without a queue
+    QString binName;         // that bin as the printer names it
+    CupsOptions jobOptions;  // what a job to the queue carries for this paper and bin
+    QStringList adjustments; // what was changed to suit the printer
 
     // The paper as printed (landscape swaps the sides), in twips.
     QSizeF paperTwips() const;

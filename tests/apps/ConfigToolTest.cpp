@@ -33,11 +33,13 @@ protected:
         root.mkpath(QStringLiteral("user"));
         write(QStringLiteral("system/Letter.pcx"),
               "<PrinterConfiguration><Identification><System>1</System></Identification>"
-              "<PageSetup><PaperSize>1</PaperSize><PaperSource>4</PaperSource><TopMargin>.5</TopMargin></PageSetup>"
+              "<PageSetup><PaperSize>1</PaperSize><PaperSource>4</PaperSource><TopMargin>.5</"
+              "TopMargin></PageSetup>"
               "</PrinterConfiguration>");
-        write(QStringLiteral("user/Shipping Labels.pcx"),
-              "<PrinterConfiguration><PageSetup><PaperSize>256</PaperSize><PaperWidth>4</PaperWidth>"
-              "<PaperHeight>6</PaperHeight></PageSetup></PrinterConfiguration>");
+        write(
+            QStringLiteral("user/Shipping Labels.pcx"),
+            "<PrinterConfiguration><PageSetup><PaperSize>256</PaperSize><PaperWidth>4</PaperWidth>"
+            "<PaperHeight>6</PaperHeight></PageSetup></PrinterConfiguration>");
     }
 
     void write(const QString &name, const QByteArray &content)
@@ -56,12 +58,21 @@ protected:
         return QDir(folder.path()).filePath(profile + QStringLiteral(".ini"));
     }
 
-    ToolRun run(const QStringList &arguments, const QString &profile = QStringLiteral("Acme"))
+    // `language` ("de_DE.UTF-8") runs the tool in LANG alone, as a user's session sets it.
+    ToolRun run(const QStringList &arguments, const QString &profile = QStringLiteral("Acme"),
+                const QString &language = QString())
     {
         QProcess tool;
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(QStringLiteral("BRAVCPL5_SYSTEM_FOLDER"), QDir(folder.path()).filePath("system"));
-        environment.insert(QStringLiteral("BRAVCPL5_USER_FOLDER"), QDir(folder.path()).filePath("user"));
+        if (!language.isEmpty()) {
+            environment.remove(QStringLiteral("LC_ALL"));
+            environment.remove(QStringLiteral("LC_MESSAGES"));
+            environment.insert(QStringLiteral("LANG"), language);
+        }
+        environment.insert(QStringLiteral("BRAVCPL5_SYSTEM_FOLDER"),
+                           QDir(folder.path()).filePath("system"));
+        environment.insert(QStringLiteral("BRAVCPL5_USER_FOLDER"),
+                           QDir(folder.path()).filePath("user"));
         environment.insert(QStringLiteral("BRAVCPL5_PROFILE"), profile);
         environment.insert(QStringLiteral("BRAVCPL5_REGISTRY"), registryFile(profile));
         tool.setProcessEnvironment(environment);
@@ -82,7 +93,8 @@ TEST_F(ConfigTool, AssignmentsAreListedVerifiedAndCarriedToAnotherWorkstation)
 {
     ToolRun verify = run({"verify"});
     EXPECT_EQ(verify.status, 1);
-    EXPECT_TRUE(verify.out.contains("Letter") && verify.out.contains("Shipping Labels")) << verify.out.toStdString();
+    EXPECT_TRUE(verify.out.contains("Letter") && verify.out.contains("Shipping Labels"))
+        << verify.out.toStdString();
 
     EXPECT_EQ(run({"assign", "LETTER", "office-laser"}).status, 0); // names in any case
     EXPECT_EQ(run({"assign", "shipping labels", "Label-Printer"}).status, 0);
@@ -97,10 +109,12 @@ TEST_F(ConfigTool, AssignmentsAreListedVerifiedAndCarriedToAnotherWorkstation)
     QStringList rows;
     for (const QJsonValue &row : listed.value("configurations").toArray()) {
         const QJsonObject r = row.toObject();
-        rows << r.value("name").toString() + "|" + r.value("printer").toString() + "|" +
-                    QFileInfo(r.value("file").toString()).fileName() + "|" + (r.value("system").toBool() ? "1" : "0");
+        rows << r.value("name").toString() + "|" + r.value("printer").toString() + "|"
+                    + QFileInfo(r.value("file").toString()).fileName() + "|"
+                    + (r.value("system").toBool() ? "1" : "0");
     }
-    EXPECT_EQ(rows, QStringList({"Letter|Office-Laser|Letter.pcx|1", "Shipping Labels|Label-Printer|Shipping Labels.pcx|0"}));
+    EXPECT_EQ(rows, QStringList({"Letter|Office-Laser|Letter.pcx|1",
+                                 "Shipping Labels|Label-Printer|Shipping Labels.pcx|0"}));
 
     const ToolRun show = run({"show", "letter"});
     EXPECT_TRUE(show.out.contains("TopMargin: .5 in")) << show.out.toStdString();
@@ -128,8 +142,8 @@ TEST_F(ConfigTool, ARefusedRequestChangesNothing)
                               "assignments": {"Letter": "Label-Printer", "Shipping Labels": ""}})");
     const QDir root(folder.path());
     const QList<QStringList> refused = {
-        {"assign", "Legal", "Office-Laser"},       // no such configuration
-        {"assign", "Letter", "Plotter"},           // no such printer
+        {"assign", "Legal", "Office-Laser"}, // no such configuration
+        {"assign", "Letter", "Plotter"},     // no such printer
         {"assign", "--default", "Plotter"},
         {"unassign", "Legal"},
         {"show", "Legal"},
@@ -146,6 +160,42 @@ TEST_F(ConfigTool, ARefusedRequestChangesNothing)
         EXPECT_EQ(result.status, 2) << arguments.join(' ').toStdString();
         EXPECT_TRUE(result.err.startsWith("bravcpl5-config: ")) << result.err.toStdString();
         EXPECT_EQ(registry(), before) << arguments.join(' ').toStdString();
+    }
+}
+
+// A PPD with German translations lists its bins in German under a German LANG, with the
+// same codes; a PPD written in German only is German in any language.
+TEST_F(ConfigTool, PrinterBinsInTheUsersLanguageWithTheSameCodes)
+{
+    const struct {
+        const char *language;
+        const char *printer;
+        QStringList bins;
+    } cases[] = {
+        {"de_DE.UTF-8",
+         "Real-HP-LaserJet-4250",
+         {"bin  7\tAutomatisch", "bin  256\tZufuhrfach 1", "bin  5\tUmschlagzuführung",
+          "bin  4\tZufuhrfach 1 (Manuell)"}},
+        {"C",
+         "Real-HP-LaserJet-4250",
+         {"bin  7\tAutomatic", "bin  256\tTray 1", "bin  5\tEnvelope Feeder",
+          "bin  4\tTray 1 (Manual)"}},
+        {"en_US.UTF-8",
+         "Real-Kyocera-FS-1000-de",
+         {"bin  256\tKassette 1 (Intern)", "bin  258\tMehrzweckzufuhr",
+          "bin  4\tPapierzufuhr Handeinzug"}},
+    };
+    for (const auto &c : cases) {
+        const ToolRun printers = run({QStringLiteral("printers")}, QStringLiteral("Acme"),
+                                     QString::fromUtf8(c.language));
+        ASSERT_EQ(printers.status, 0) << printers.err.toStdString();
+        const qsizetype start = printers.out.indexOf(QString::fromUtf8(c.printer) + u'\n');
+        if (start < 0)
+            GTEST_SKIP() << c.printer << " not in the sandbox (driver package missing)";
+        const QString section = printers.out.mid(start).section(QStringLiteral("\nReal-"), 0, 0);
+        for (const QString &bin : c.bins)
+            EXPECT_TRUE(section.contains(bin)) << c.language << ": " << bin.toStdString() << " in\n"
+                                               << section.toStdString();
     }
 }
 

@@ -44,7 +44,7 @@ TEST_P(DatabaseListTest, AllRowsInTheDatabasesOrder)
     host.setBravSql(&counting);
     const QStringList expected = host.column(QString::fromLatin1(GetParam().query));
     ASSERT_GE(expected.size(), 10);
-    const QList<FilterChoice> choices = FillFilterChoices(&host, GetParam().type, 0);
+    const QList<FilterChoice> choices = FillFilterChoices(&host, ParseFilterType(GetParam().type), 0);
     EXPECT_EQ(captions(choices), expected);
     for (const FilterChoice &choice : choices)
         EXPECT_EQ(choice.data, 0);
@@ -64,11 +64,11 @@ TEST(DatabaseLists, AllVendorsOnlyWithAllowAllOne)
 {
     DatabaseHost host;
     const QStringList vendors = host.column("SELECT VendorName FROM Vendors ORDER BY VendorName");
-    EXPECT_EQ(captions(FillFilterChoices(&host, "vendor", 1)),
+    EXPECT_EQ(captions(FillFilterChoices(&host, ParseFilterType("vendor"), 1)),
               QStringList{"(All Vendors)"} + vendors);
     for (int allowAll : {0, 2, -1})
-        EXPECT_EQ(captions(FillFilterChoices(&host, "vendor", allowAll)), vendors) << allowAll;
-    EXPECT_FALSE(captions(FillFilterChoices(&host, "manufacturer", 1)).contains("(All Vendors)"));
+        EXPECT_EQ(captions(FillFilterChoices(&host, ParseFilterType("vendor"), allowAll)), vendors) << allowAll;
+    EXPECT_FALSE(captions(FillFilterChoices(&host, ParseFilterType("manufacturer"), 1)).contains("(All Vendors)"));
 }
 
 TEST(DatabaseLists, HostWithoutDatabaseGivesEmptyLists)
@@ -76,9 +76,9 @@ TEST(DatabaseLists, HostWithoutDatabaseGivesEmptyLists)
     DatabaseHost host;
     host.setBravSql(nullptr);
     for (const char *type : {"manufacturer", "producttype", "product", "vendor"})
-        EXPECT_TRUE(FillFilterChoices(&host, type, 0).isEmpty()) << type;
-    EXPECT_EQ(captions(FillFilterChoices(&host, "vendor", 1)), QStringList{"(All Vendors)"});
-    EXPECT_EQ(captions(FillFilterChoices(nullptr, "vendor", 1)), QStringList{"(All Vendors)"});
+        EXPECT_TRUE(FillFilterChoices(&host, ParseFilterType(type), 0).isEmpty()) << type;
+    EXPECT_EQ(captions(FillFilterChoices(&host, ParseFilterType("vendor"), 1)), QStringList{"(All Vendors)"});
+    EXPECT_EQ(captions(FillFilterChoices(nullptr, ParseFilterType("vendor"), 1)), QStringList{"(All Vendors)"});
     host.setCommon(nullptr);
     EXPECT_EQ(ResolveFilterValue(&host, "[1stvendor]"), QStringLiteral("[1stvendor]"));
     EXPECT_EQ(ResolveFilterValue(&host, "[companybilltostate]"), QStringLiteral("[companybilltostate]"));
@@ -90,7 +90,7 @@ TEST(DatabaseLists, FailingQueryStillEndsWithPreTerminate)
     CountingBravSql counting(*host.database());
     host.setBravSql(&counting);
     EXPECT_TRUE(host.column("DROP TABLE Products").isEmpty());
-    EXPECT_TRUE(FillFilterChoices(&host, "product", 0).isEmpty());
+    EXPECT_TRUE(FillFilterChoices(&host, ParseFilterType("product"), 0).isEmpty());
     EXPECT_EQ(counting.preTerminateCalls, 1);
 }
 

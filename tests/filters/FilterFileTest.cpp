@@ -68,7 +68,7 @@ TEST(LoadFilterRows, RowsInDocumentOrder)
     ASSERT_TRUE(document);
     QStringList rows; // identifier|caption|type|value|shown|allowall|description
     for (const FilterRow &r : LoadFilterRows(&host, *document))
-        rows << QStringList({r.identifier, r.caption, r.type, r.value, r.valueCaption,
+        rows << QStringList({r.identifier, r.caption, r.typeName, r.value, r.valueCaption,
                              QString::number(r.allowAll), r.description}).join(u'|');
     EXPECT_EQ(rows, QStringList({"Dates|Order Dates|daterange|Last Week|Last Week|0|Orders placed in the range",
                                  "Active|Active|boolean|0|No|0|asdf",
@@ -189,9 +189,9 @@ TEST(SampleReports, EveryTypeAndTokenResolves)
         const pugi::xml_node fields = SelectSingleNode(*document, QStringLiteral("//Fields")).node();
         EXPECT_EQ(std::distance(fields.children().begin(), fields.children().end()), 12);
         for (const FilterRow &row : LoadFilterRows(&host, *document)) {
-            types.insert(row.type);
+            types.insert(row.typeName);
             EXPECT_FALSE(row.value.startsWith(u'[')) << row.identifier.toStdString();
-            if (FilterTypeHasChoices(row.type) && row.type != QLatin1String("daterange")
+            if (FilterTypeHasChoices(row.type) && row.type != FilterType::DateRange
                 && !row.value.isEmpty()) {
                 EXPECT_TRUE(captions(FillFilterChoices(&host, row.type, row.allowAll))
                                 .contains(row.valueCaption))

@@ -40,7 +40,7 @@ TEST(ApplyFilterValue, SetsValueAndCaptionByType)
     };
     for (const auto &[type, stored, shown] : cases) {
         FilterRow row;
-        row.type = type;
+        row.type = ParseFilterType(type);
         ApplyFilterValue(row, stored);
         EXPECT_EQ(row.value + u'|' + row.valueCaption, shown) << type.toStdString() << ": " << stored.toStdString();
     }
@@ -60,16 +60,18 @@ TEST(GetFilterDescription, StandardDescriptions)
 TEST(FillFilterChoices, FixedLists)
 {
     const QList<FilterChoice> yesNo{{"Yes", 0}, {"No", 0}};
-    EXPECT_EQ(FillFilterChoices(nullptr, "boolean", 0), yesNo);
+    EXPECT_EQ(FillFilterChoices(nullptr, ParseFilterType("boolean"), 0), yesNo);
     const QList<FilterChoice> sources{
         {"None", 0}, {"Purchase", 1}, {"Fabricate", 2}, {"Stock", 3}, {"Other", 4}};
-    EXPECT_EQ(FillFilterChoices(nullptr, "productsource", 1), sources);
-    const QList<FilterChoice> ranges = FillFilterChoices(nullptr, "daterange", 0);
+    EXPECT_EQ(FillFilterChoices(nullptr, ParseFilterType("productsource"), 1), sources);
+    const QList<FilterChoice> ranges = FillFilterChoices(nullptr, ParseFilterType("daterange"), 0);
     ASSERT_EQ(ranges.size(), 11);
     EXPECT_EQ(ranges.front(), (FilterChoice{"Today", 0}));
     EXPECT_EQ(ranges.back(), (FilterChoice{"Custom Date Range", 0}));
-    EXPECT_TRUE(FillFilterChoices(nullptr, "", 1).isEmpty());
-    EXPECT_TRUE(FillFilterChoices(nullptr, "Boolean", 0).isEmpty()); // types come lower-cased
+    EXPECT_TRUE(FillFilterChoices(nullptr, ParseFilterType(""), 1).isEmpty());
+    // The attribute is read without regard to case; unknown types are free text.
+    EXPECT_EQ(ParseFilterType("Boolean"), FilterType::Boolean);
+    EXPECT_EQ(ParseFilterType("region"), FilterType::FreeText);
 }
 
 struct EditorCase {
@@ -90,7 +92,7 @@ TEST_P(DateRangeEditorTest, OnlyCustomRangesOpenItWithTheirDatesOrToday)
     const EditorCase &c = GetParam();
     const QDate today = QDate::currentDate();
     FilterRow row;
-    row.type = QStringLiteral("daterange");
+    row.type = FilterType::DateRange;
     QDate openedWith;
     const auto editor = [&](QDate &start, QDate &end) {
         openedWith = start;

@@ -102,7 +102,11 @@ TEST(CustomDateRange, TheCalendarPutsTheConfirmedDateInTheField)
          "03/15/2024"},
         {"EscapeChangesNothing", [](DropDownCalendar *popup) { QTest::keyClick(popup, Qt::Key_Escape); }, "03/01/2024"},
         {"Screenshot", [](DropDownCalendar *popup) { popup->hide(); }, "03/01/2024"}};
-    for (const auto &[name, act, expected] : cases) {
+    for (const auto &testCase : cases) {
+        // Named, not bound, so that the lambda below may use them.
+        const auto &name = std::get<0>(testCase);
+        const auto &act = std::get<1>(testCase);
+        const auto &expected = std::get<2>(testCase);
         SCOPED_TRACE(name);
         RangeForm range;
         bool opened = false;

@@ -92,7 +92,7 @@ TEST_F(FieldsDialog, RefusesWhatIsNotANumberAndWritesSizeNotWidth)
         SCOPED_TRACE(typed.toStdString());
         host.writeSystemFile(QStringLiteral("Orders.rpx"), configuration);
         QString shown;
-        EXPECT_TRUE(run(file, [&](QWidget *dialog) {
+        EXPECT_TRUE(run(file, [&, typed = typed](QWidget *dialog) {
             test::TypeIntoCell(grid(dialog), 1, 1, typed);
             shown = grid(dialog)->topLevelItem(1)->text(1);
         }));
@@ -108,7 +108,7 @@ TEST_F(FieldsDialog, CancelEscapeAndTheCloseBoxLeaveTheFileUntouchedAndReturnFal
 {
     for (const auto &[name, close] : test::WaysToCancel(QStringLiteral("rptItems"))) {
         SCOPED_TRACE(name);
-        test::WhenModal(QStringLiteral("frmGeneralReportFields"), [&](QWidget *dialog) {
+        test::WhenModal(QStringLiteral("frmGeneralReportFields"), [&, close = close](QWidget *dialog) {
             test::TypeIntoCell(grid(dialog), 0, 1, QStringLiteral("9"));
             close(dialog);
         });

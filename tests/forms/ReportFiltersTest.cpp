@@ -128,7 +128,7 @@ TEST_F(FiltersDialog, CancelEscapeAndTheCloseBoxLeaveTheFileUntouchedAndReturnFa
 {
     for (const auto &[name, close] : test::WaysToCancel(QStringLiteral("rptItems"))) {
         SCOPED_TRACE(name);
-        test::WhenModal(QStringLiteral("frmGeneralReportFilters"), [&](QWidget *dialog) {
+        test::WhenModal(QStringLiteral("frmGeneralReportFilters"), [&, close = close](QWidget *dialog) {
             test::TypeIntoCell(grid(dialog), Sidemark, 1, QStringLiteral("right"));
             EXPECT_EQ(shown(dialog, Sidemark), "right");
             close(dialog);

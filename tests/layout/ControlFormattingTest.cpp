@@ -2,6 +2,7 @@
 #include "report/ReportLabel.h"
 #include "layout/ReportLayout.h"
 #include "layout/WindowsColor.h"
+#include "support/TestOutput.h"
 
 #include <QImage>
 #include <QVariant>
@@ -134,7 +135,7 @@ TEST(ReferenceControls, DrawWhatTheyHold)
         QPainter painter(&image);
         control.draw(painter, QRectF(0, 0, 200, 40));
     }
-    image.save(QStringLiteral("reference-control.png"));
+    image.save(testOutputPath(QStringLiteral("reference-control.png")));
     EXPECT_EQ(image.pixelColor(2, 2), QColor(Qt::yellow));
     EXPECT_EQ(image.pixelColor(100, 39), QColor(Qt::black)); // the thick bottom
     EXPECT_EQ(image.pixelColor(100, 38), QColor(Qt::black));

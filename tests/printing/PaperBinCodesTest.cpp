@@ -6,27 +6,96 @@ using namespace bravcpl5;
 
 namespace {
 
-TEST(StandardBinCodeTest, MapsPpdAndIppNames)
+// Keywords and names as real drivers and IPP printers write them.
+TEST(StandardBinCodeTest, KeywordFirstThenTheDriversName)
 {
-    const std::pair<const char *, int> cases[] = {
-        {"Upper", 1}, {"top", 1}, {"Lower", 2}, {"bottom", 2}, {"Middle", 3}, {"Manual", 4},
-        {"ManualFeed", 4}, {"manual-feed", 4}, {"Envelope", 5}, {"EnvelopeManual", 6},
-        {"ManualEnvelope", 6}, {"Auto", 7}, {"AutoSelect", 7}, {"Tractor", 8}, {"SmallFormat", 9},
-        {"LargeFormat", 10}, {"large-capacity", 11}, {"LargeCapacity", 11}, {"Cassette", 14},
-        {"FormSource", 15}, {"form_source", 15},
-        // Bins without a standard code.
-        {"Tray1", 0}, {"roll-1", 0}, {"", 0}, {"Uppers", 0}};
-    for (const auto &[keyword, code] : cases)
-        EXPECT_EQ(StandardPaperBinCode(QString::fromUtf8(keyword)), code) << keyword;
+    const struct {
+        const char *keyword;
+        const char *name;
+        int code;
+    } cases[] = {{"Upper", "", 1},
+                 {"top", "", 1},
+                 {"Upper", "MP Tray", 1},
+                 {"Lower", "Tray 3", 2},
+                 {"bottom", "", 2},
+                 {"Middle", "", 3},
+                 // Manual feed in its many spellings, and the trays fed by hand.
+                 {"Manual", "Single sheet", 4},
+                 {"ManualFeed", "Manual Feed", 4},
+                 {"manual-feed", "", 4},
+                 {"Tray1_Man", "Tray 1 (Manual)", 4},
+                 {"X1", "Tray 1 (Manual)", 4},
+                 {"MF", "Papierzufuhr Handeinzug", 4},
+                 {"ManualPaper", "Manual Paper", 4},
+                 {"SheetFeedBypass", "Bypass Tray", 4},
+                 {"by-pass-tray", "", 4},
+                 {"MPT", "Multi Purpose Tray", 4},
+                 {"Front", "Multi-Purpose Tray", 4},
+                 {"MSI", "MP Tray", 4},
+                 // Envelopes.
+                 {"Envelope", "Envelope Feeder", 5},
+                 {"EnvelopeFeeder", "Envelope Feeder", 5},
+                 {"EF1", "", 5},
+                 {"ManualEnv", "Manual Envelope", 6},
+                 {"EnvelopeManual", "", 6},
+                 // Automatic selection.
+                 {"Auto", "Automatic", 7},
+                 {"AutoSelect", "Auto Select", 7},
+                 {"Autoselect", "Printer Auto Select", 7},
+                 {"AutomaticallySelect", "Automatically Select", 7},
+                 {"auto", "", 7},
+                 // Continuous media, capacity, cassettes.
+                 {"Tractor", "", 8},
+                 {"Roll", "Roll 1", 8},
+                 {"SmallFormat", "", 9},
+                 {"LargeFormat", "", 10},
+                 {"LargeCapacity", "Tray 4", 11},
+                 {"large-capacity", "", 11},
+                 {"LCT", "LCT", 11},
+                 {"LCF", "LCF", 11},
+                 {"Cassette", "Paper Cassette", 14},
+                 {"FormSource", "", 15},
+                 {"form_source", "", 15},
+                 // Bins without a standard code: numbered trays, rolls, German-only names.
+                 {"Tray1", "Tray 1", 0},
+                 {"Tray_2", "Tray 2", 0},
+                 {"Roll1", "Front Roll", 0},
+                 {"roll-1", "", 0},
+                 {"MF1", "Mehrzweckzufuhr", 0},
+                 {"Internal", "Kassette 1 (Intern)", 0},
+                 {"", "", 0},
+                 {"Uppers", "", 0},
+                 {"ManualFirst", "Manual Feed 1st Page", 0}};
+    for (const auto &c : cases)
+        EXPECT_EQ(StandardPaperBinCode({QString::fromUtf8(c.keyword), QString::fromUtf8(c.name)}),
+                  c.code)
+            << c.keyword << " / " << c.name;
 }
 
 TEST(NumberPaperBinsTest, GivesOtherBinsCodesFrom256InTheirOrder)
 {
-    const QList<int> codes = NumberPaperBins(
-        {QStringLiteral("Tray3"), QStringLiteral("Upper"), QStringLiteral("Roll1"),
-         QStringLiteral("top"), QStringLiteral("Manual")});
-    // "top" is the upper bin again; a second bin cannot share the code.
-    EXPECT_EQ(codes, QList<int>({256, 1, 257, 258, 4}));
+    const QList<int> codes = NumberPaperBins({{"Tray3", "Tray 3"},
+                                              {"Upper", ""},
+                                              {"Roll1", "Roll 1"},
+                                              {"top", ""},
+                                              {"Manual", ""},
+                                              {"ManualFeed", "Manual Feed"}});
+    // "top" is the upper bin again, and a ManualFeed option beside a manual slot is another
+    // manual bin; a second bin cannot share the code.
+    EXPECT_EQ(codes, QList<int>({256, 1, 257, 258, 4, 259}));
+}
+
+// A multi-purpose or bypass tray is the manual bin unless a bin says manual, even a later one.
+TEST(NumberPaperBinsTest, TraysFedByHandGiveWayToABinCalledManual)
+{
+    EXPECT_EQ(NumberPaperBins({{"Tray1", "Tray 1"},
+                               {"MultipurposeFeeder", "Multipurpose Feeder"},
+                               {"ManualPaper", "Manual Paper"},
+                               {"ManualEnv", "Manual Envelope"}}),
+              QList<int>({256, 257, 4, 6}));
+    EXPECT_EQ(NumberPaperBins(
+                  {{"Tray1", "Tray 1"}, {"MF1", "Bypass tray"}, {"Cassette", "Paper Cassette"}}),
+              QList<int>({256, 4, 14}));
 }
 
 } // namespace

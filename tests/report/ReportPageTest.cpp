@@ -13,14 +13,16 @@ CupsQueue officeLaser()
 {
     CupsQueue queue;
     queue.found = true;
-    queue.binOption = QStringLiteral("InputSlot");
-    queue.bins = {{"Upper", "Upper Tray", 1}, {"Lower", "Lower Tray", 2}, {"Manual", "Manual Feed", 4}};
-    queue.defaultBin = QStringLiteral("Lower");
+    queue.hasPpd = true;
+    queue.bins = {{"InputSlot", "Upper", "Upper Tray", 1}, {"InputSlot", "Lower", "Lower Tray", 2},
+                  {"InputSlot", "Manual", "Manual Feed", 4}};
+    queue.defaultBinCode = 2;
     const QMarginsF quarter(18, 18, 18, 18);
-    queue.sizes = {{"Letter", "Letter", QSizeF(612, 792), quarter},
-                   {"Legal", "Legal", QSizeF(612, 1008), quarter},
-                   {"w288h432", "Label 4 x 6", QSizeF(288, 432), QMarginsF(4, 8, 12, 16)}};
-    queue.defaultSize = QStringLiteral("Letter");
+    queue.sizes = {{"Letter", "Letter", QSizeF(612, 792), quarter, 1},
+                   {"Legal", "Legal", QSizeF(612, 1008), quarter, 5},
+                   {"w288h432", "Label 4 x 6", QSizeF(288, 432), QMarginsF(4, 8, 12, 16), 256},
+                   {"LetterSmall", "Letter (Small)", QSizeF(612, 792), quarter, 257}};
+    queue.defaultSizeCode = 1;
     return queue;
 }
 
@@ -96,6 +98,13 @@ INSTANTIATE_TEST_SUITE_P(Table, ResolveReportPageTest, ::testing::Values(
     PageCase{"SizeTheLaserLacksFallsBackToItsDefault",
              with([](auto &v) { v.paperSize = 8; v.paperSource = 2; }), // A3
              true, {12240, 15840}, oneInch, 0, "Letter", "Lower", 1},
+    PageCase{"TwinPrintsAsItselfNotAsTheFirstOfItsSize",
+             with([](auto &v) { v.paperSize = 257; v.paperSource = 4; }),
+             true, {12240, 15840}, oneInch, 0, "LetterSmall", "Manual", 0},
+    PageCase{"PrinterCodeChosenOnAnotherPrinterGoesByItsDimensions",
+             with([](auto &v) { v.paperSize = 257; v.paperWidth = 4 * inch; v.paperHeight = 6 * inch;
+                                v.paperSource = 2; }),
+             true, {5760, 8640}, oneInch, 0, "w288h432", "Lower", 0},
     PageCase{"OddOrientationPrintsPortrait", with([](auto &v) { v.orientation = 0; }),
              false, {12240, 15840}, oneInch, 0, "", "", 1}));
 

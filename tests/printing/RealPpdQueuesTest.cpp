@@ -1,0 +1,190 @@
+// The system printer information against queues made from real PPDs of Debian's printer
+// driver packages (scripts/cups-sandbox), compared with the PPD text itself.
+
+#include "printing/PrinterInfo.h"
+#include "support/PpdText.h"
+#include "support/SandboxCups.h"
+
+#include <QSet>
+#include <gtest/gtest.h>
+
+using namespace bravcpl5;
+using namespace bravcpl5::test;
+
+namespace {
+
+// The sandbox's real-PPD queues, by what each one shows.
+const char *const realQueues[] = {
+    "Real-HP-LaserJet-4250",       "Real-HP-LaserJet-5200",     "Real-HP-LaserJet-9050",
+    "Real-HP-Color-LaserJet-2500", "Real-HP-DesignJet-4000",    "Real-HP-DesignJet-Z6dr",
+    "Real-Brother-HL-2600CN",      "Real-Lexmark-C540",         "Real-Kyocera-FS-1000-de",
+    "Real-DYMO-LabelWriter-450",   "Real-DYMO-LabelWriter-4XL", "Real-Brother-PT-P700",
+    "Real-Brother-QL-550"};
+
+class RealPpdQueueTest : public ::testing::TestWithParam<const char *>
+{
+protected:
+    void SetUp() override
+    {
+        SKIP_WITHOUT_CUPSD();
+        ppd = ReadQueuePpd(queue());
+        if (!ppd.found)
+            GTEST_SKIP() << "queue " << GetParam()
+                         << " not in the sandbox (driver package missing)";
+    }
+    QString queue() const { return QString::fromUtf8(GetParam()); }
+
+    std::unique_ptr<PrinterInfo> info = CreateSystemPrinterInfo();
+    PpdText ppd;
+};
+
+// Every PageSize of the PPD, in its order, with its own name and its PaperDimension within
+// a twip; the current size is the PPD's default.
+TEST_P(RealPpdQueueTest, SizesAreThePpdsOwnWithinATwip)
+{
+    const PpdOption *pageSize = ppd.option(QStringLiteral("PageSize"));
+    ASSERT_TRUE(pageSize);
+    const QList<PaperSizeInfo> sizes = info->paperSizes(queue());
+    QStringList expected, listed;
+    for (const PpdChoice &choice : pageSize->choices) {
+        if (!ppd.dimensions.contains(choice.keyword))
+            continue; // a PageSize without a PaperDimension is no sheet
+        const QSizeF points = ppd.dimensions.value(choice.keyword);
+        expected << QStringLiteral("%1 %2x%3")
+                        .arg(choice.text)
+                        .arg(points.width() * 20)
+                        .arg(points.height() * 20);
+    }
+    for (qsizetype i = 0; i < sizes.size() && i < expected.size(); ++i) {
+        const QStringList wh = expected[i].section(u' ', -1).split(u'x');
+        listed << QStringLiteral("%1 %2x%3")
+                      .arg(sizes[i].name)
+                      .arg(std::abs(sizes[i].widthTwips - wh[0].toDouble()) <= 1
+                               ? wh[0].toDouble()
+                               : sizes[i].widthTwips)
+                      .arg(std::abs(sizes[i].heightTwips - wh[1].toDouble()) <= 1
+                               ? wh[1].toDouble()
+                               : sizes[i].heightTwips);
+    }
+    ASSERT_FALSE(expected.isEmpty());
+    EXPECT_EQ(sizes.size(), expected.size());
+    EXPECT_EQ(listed, expected.mid(0, listed.size()));
+
+    int defaultCode = -1;
+    for (qsizetype i = 0; i < pageSize->choices.size() && i < sizes.size(); ++i)
+        if (pageSize->choices[i].keyword == pageSize->defaultChoice)
+            defaultCode = sizes[i].code;
+    EXPECT_EQ(info->currentPaperSize(queue()), defaultCode);
+}
+
+// No two sizes and no two bins of a printer share a code, or a configuration could not
+// select one of them.
+TEST_P(RealPpdQueueTest, CodesAreUniquePerPrinter)
+{
+    QSet<int> sizeCodes, binCodes;
+    for (const PaperSizeInfo &size : info->paperSizes(queue())) {
+        EXPECT_FALSE(sizeCodes.contains(size.code)) << size.name.toStdString() << " " << size.code;
+        sizeCodes.insert(size.code);
+    }
+    for (const PaperBinInfo &bin : info->paperBins(queue())) {
+        EXPECT_FALSE(binCodes.contains(bin.code)) << bin.name.toStdString() << " " << bin.code;
+        binCodes.insert(bin.code);
+    }
+}
+
+// Every source the PPD offers is a bin with the driver's name: the InputSlot choices, else
+// the driver's own source option's, and a separate ManualFeed option; a printer with none
+// has the one bin a job without a source takes.
+TEST_P(RealPpdQueueTest, EveryPaperSourceIsABin)
+{
+    QStringList expected;
+    const PpdOption *inputSlot = ppd.option(QStringLiteral("InputSlot"));
+    for (const PpdOption &option : ppd.options) {
+        const QString keyword = option.keyword.toLower();
+        const bool vendorSource = !inputSlot && option.group != QLatin1String("InstallableOptions")
+                                  && (keyword.contains(QLatin1String("papersource"))
+                                      || keyword.contains(QLatin1String("mediasource")));
+        if (&option == inputSlot || vendorSource)
+            for (const PpdChoice &choice : option.choices)
+                expected << choice.text;
+    }
+    if (const PpdOption *manual = ppd.option(QStringLiteral("ManualFeed")))
+        expected << (manual->text.isEmpty() ? QStringLiteral("Manual Feed") : manual->text);
+    if (expected.isEmpty())
+        expected << QStringLiteral("Automatically Select");
+    QStringList names;
+    for (const PaperBinInfo &bin : info->paperBins(queue()))
+        names << bin.name;
+    EXPECT_EQ(names, expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(Sandbox, RealPpdQueueTest, ::testing::ValuesIn(realQueues),
+                         [](const auto &info) {
+                             return QString::fromUtf8(info.param).remove(u'-').toStdString();
+                         });
+
+// Standard codes on the real queues: sizes by their dimensions whatever the driver calls
+// them, bins by the drivers' spellings. 0 here stands for a printer's own code (256 and up).
+TEST(RealPpdCodesTest, StandardSheetsAndBinsHaveTheirWindowsCodes)
+{
+    SKIP_WITHOUT_CUPSD();
+    enum Kind { Size, Bin };
+    const struct {
+        const char *queue;
+        Kind kind;
+        const char *name;
+        int code;
+    } cases[] = {
+        {"Real-Lexmark-C540", Size, "Folio", 14},
+        {"Real-HP-LaserJet-4250", Size, "8.5x13", 14},
+        {"Real-HP-LaserJet-4250", Size, "Executive (JIS)", 0}, // 8.5 x 13 again, a point longer
+        {"Real-HP-DesignJet-4000", Size, "C", 24},
+        {"Real-HP-DesignJet-4000", Size, "D", 25},
+        {"Real-HP-DesignJet-4000", Size, "E", 26},
+        {"Real-HP-DesignJet-4000", Size, "Arch C", 0},
+        {"Real-HP-DesignJet-4000", Size, "Arch D", 0},
+        {"Real-HP-DesignJet-4000", Size, "Arch E", 0},
+        {"Real-HP-DesignJet-4000", Size, "D - extended margins", 0},
+        {"Real-HP-LaserJet-5200", Size, "12x18", 0},
+        {"Real-HP-LaserJet-5200", Size, "11x17", 3},
+        {"Real-HP-LaserJet-4250", Size, "Letter (Small)", 0},
+        {"Real-HP-LaserJet-4250", Size, "Env DL", 27},
+        {"Real-HP-DesignJet-Z6dr", Size, "A4", 9},
+        {"Real-Kyocera-FS-1000-de", Size, "Umschlag DL", 27},
+        {"Real-DYMO-LabelWriter-450", Size, "30252 Address", 0},
+        {"Real-HP-LaserJet-4250", Bin, "Tray 1 (Manual)", 4}, // InputSlot Tray1_Man
+        {"Real-HP-LaserJet-4250", Bin, "Envelope Feeder", 5}, // InputSlot EnvelopeFeeder
+        {"Real-HP-LaserJet-4250", Bin, "Automatic", 7},       // InputSlot Auto
+        {"Real-HP-LaserJet-4250", Bin, "Tray 1", 0},
+        {"Real-HP-Color-LaserJet-2500", Bin, "Tray 1 (Manual)", 4}, // a ManualFeed option
+        {"Real-Brother-HL-2600CN", Bin, "Manual Feed", 4},  // a ManualFeed option without a name
+        {"Real-HP-DesignJet-Z6dr", Bin, "Single Sheet", 4}, // HPPaperSource ManualFeed
+        {"Real-HP-DesignJet-Z6dr", Bin, "Printer Auto Select", 7}, // HPPaperSource Autoselect
+        {"Real-HP-DesignJet-4000", Bin, "Roll", 8},
+        {"Real-Lexmark-C540", Bin, "Manual Paper", 4}, // before the multi-purpose feeder
+        {"Real-Lexmark-C540", Bin, "Manual Envelope", 6},
+        {"Real-Kyocera-FS-1000-de", Bin, "Papierzufuhr Handeinzug", 4}, // InputSlot MF
+        {"Real-DYMO-LabelWriter-450", Bin, "Automatically Select", 7},
+    };
+    std::unique_ptr<PrinterInfo> info = CreateSystemPrinterInfo();
+    for (const auto &c : cases) {
+        const PrinterPaper paper = info->paper(QString::fromUtf8(c.queue));
+        if (paper.sizes.isEmpty())
+            continue;              // not in the sandbox
+        QHash<QString, int> codes; // the first of a name
+        for (const PaperSizeInfo &size : paper.sizes)
+            if (c.kind == Size && !codes.contains(size.name))
+                codes.insert(size.name, size.code);
+        for (const PaperBinInfo &bin : paper.bins)
+            if (c.kind == Bin && !codes.contains(bin.name))
+                codes.insert(bin.name, bin.code);
+        const int code = codes.value(QString::fromUtf8(c.name), -1);
+        ASSERT_NE(code, -1) << c.queue << " " << c.name;
+        if (c.code == 0)
+            EXPECT_GE(code, 256) << c.queue << " " << c.name;
+        else
+            EXPECT_EQ(code, c.code) << c.queue << " " << c.name;
+    }
+}
+
+} // namespace
