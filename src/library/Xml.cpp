@@ -84,6 +84,24 @@ void collectText(pugi::xml_node node, std::string &out)
     });
 }
 
+// The text is held, and saved, as UTF-8 once loaded. A declaration that named the
+// encoding the file came in ("ISO-8859-1", "UTF-16"), or held anything the parser's
+// encoding guess reads as such (it looks for "encoding" anywhere in it), would make the
+// saved file read in that encoding again and garble every character outside ASCII, once
+// more on every save; so the declaration keeps only its version and a valid "standalone".
+void settleDeclaration(pugi::xml_document &document)
+{
+    const pugi::xml_node declaration = document.first_child();
+    if (declaration.type() != pugi::node_declaration)
+        return;
+    const std::string standalone = declaration.attribute("standalone").value();
+    document.remove_child(declaration);
+    pugi::xml_node settled = document.prepend_child(pugi::node_declaration);
+    settled.append_attribute("version") = "1.0";
+    if (standalone == "yes" || standalone == "no")
+        settled.append_attribute("standalone") = standalone.c_str();
+}
+
 // Parses `bytes` in the encoding they declare (a byte-order mark, or UTF-8), and refuses
 // what is malformed, has no root element, or nests too deeply, saying why in LastXmlError.
 XmlDocumentPtr parse(const QByteArray &bytes, pugi::xml_encoding encoding)
@@ -106,6 +124,7 @@ XmlDocumentPtr parse(const QByteArray &bytes, pugi::xml_encoding encoding)
         lastError() = QStringLiteral("Elements nested more than %1 levels deep").arg(maxElementDepth);
         return nullptr;
     }
+    settleDeclaration(*doc);
     return doc;
 }
 

@@ -23,7 +23,9 @@ namespace bravcpl5 {
 XmlDocumentPtr CreateXmlDocument(const QString &rootName);
 // Null when the file is missing, empty, larger than a settings file can be, not XML, or
 // nested deeper than a settings document ever is (LastXmlError says why, with the offset
-// of a parse error). A file's encoding comes from its byte-order mark, else UTF-8.
+// of a parse error). A file's encoding comes from its byte-order mark, else from an
+// ISO-8859-1 declaration, else UTF-8; a loaded document's declaration keeps only its
+// version and "standalone", so that it saves, as UTF-8, into a file that reads back the same.
 XmlDocumentPtr LoadXmlFile(const QString &path);
 XmlDocumentPtr LoadXmlText(const QString &text);
 QString LastXmlError();
