@@ -15,6 +15,8 @@ namespace bravcpl5 {
 namespace {
 
 const QString inputSlot = QStringLiteral("InputSlot");
+// The bin of a printer without sources to choose: a job names none.
+const QString automatic = QStringLiteral("Automatically Select");
 const QString manualFeed = QStringLiteral("ManualFeed");
 // The largest sheet taken: 200 inches, beyond any roll a dealer prints on and within twips.
 constexpr double maximumPoints = 200 * 72;
@@ -114,7 +116,6 @@ void readBins(ppd_file_t *ppd, const cups_dest_t *dest, CupsQueue &result)
     // switch) still has the bin a job without a source option takes.
     const bool trays = std::any_of(sources.begin(), sources.end(),
                                    [](const BinSource &source) { return source.choice; });
-    const QString automatic = QStringLiteral("Automatically Select");
     // Codes from the driver's own texts, before translation, so they do not depend on the
     // user's language.
     QList<PaperBinName> names;
@@ -186,6 +187,12 @@ bool readPpd(const QByteArray &queue, const cups_dest_t *dest, CupsQueue &result
 
 #pragma GCC diagnostic pop
 
+template <typename T, typename Match> const T *findFirst(const QList<T> &list, Match match)
+{
+    const auto found = std::find_if(list.begin(), list.end(), match);
+    return found == list.end() ? nullptr : &*found;
+}
+
 // "tray-1" reads as "Tray 1".
 QString keywordToName(const QString &keyword)
 {
@@ -196,25 +203,49 @@ QString keywordToName(const QString &keyword)
     return name;
 }
 
-void readIpp(cups_dest_t *dest, CupsQueue &result)
+struct HttpCloser {
+    void operator()(http_t *http) const { httpClose(http); }
+};
+using Http = std::unique_ptr<http_t, HttpCloser>;
+
+struct DestInfoFreer {
+    void operator()(cups_dinfo_t *info) const { cupsFreeDestInfo(info); }
+};
+using DestInfo = std::unique_ptr<cups_dinfo_t, DestInfoFreer>;
+
+// The destination API's localizing calls give nothing on the default connection, so the
+// attributes are read on a connection of our own to the same server.
+struct IppPrinter {
+    Http http;
+    cups_dest_t *dest;
+    DestInfo info;
+};
+
+// Hundredths of a millimetre, as IPP gives lengths, in points.
+double hundredthsToPoints(int hundredths) { return hundredths * 72.0 / 2540.0; }
+
+void readIppBins(const IppPrinter &printer, CupsQueue &result)
 {
-    cups_dinfo_t *info = cupsCopyDestInfo(CUPS_HTTP_DEFAULT, dest);
-    if (!info)
-        return;
+    http_t *http = printer.http.get();
     const QString option = QStringLiteral("media-source");
-    ipp_attribute_t *sources = cupsFindDestSupported(CUPS_HTTP_DEFAULT, dest, info, "media-source");
+    ipp_attribute_t *sources = cupsFindDestSupported(http, printer.dest, printer.info.get(), "media-source");
     QList<PaperBinName> names;
     for (int i = 0; i < ippGetCount(sources); ++i) {
         const QString keyword = QString::fromUtf8(ippGetString(sources, i, nullptr));
         names.append({keyword, keywordToName(keyword)});
     }
+    if (names.isEmpty()) { // as a PPD without sources: the bin a job without one takes
+        result.bins.append({QString(), QString(), automatic, StandardPaperBinCode({QString(), automatic})});
+        result.defaultBinCode = result.bins.first().code;
+        return;
+    }
     const QList<int> codes = NumberPaperBins(names);
-    ipp_attribute_t *chosen = cupsFindDestDefault(CUPS_HTTP_DEFAULT, dest, info, "media-source");
+    ipp_attribute_t *chosen = cupsFindDestDefault(http, printer.dest, printer.info.get(), "media-source");
     const QString chosenKeyword = QString::fromUtf8(chosen ? ippGetString(chosen, 0, nullptr) : "");
     for (qsizetype i = 0; i < names.size(); ++i) {
         const QByteArray keyword = names[i].keyword.toUtf8();
-        const char *localized = cupsLocalizeDestValue(CUPS_HTTP_DEFAULT, dest, info, "media-source",
-                                                      keyword.constData());
+        const char *localized = cupsLocalizeDestValue(http, printer.dest, printer.info.get(),
+                                                      "media-source", keyword.constData());
         QString name = QString::fromUtf8(localized ? localized : "");
         if (name.isEmpty() || name == names[i].keyword)
             name = names[i].name;
@@ -222,13 +253,78 @@ void readIpp(cups_dest_t *dest, CupsQueue &result)
         if (names[i].keyword == chosenKeyword)
             result.defaultBinCode = codes[i];
     }
-    cupsFreeDestInfo(info);
 }
 
-template <typename T, typename Match> const T *findFirst(const QList<T> &list, Match match)
+// The "media-size" of a "media-col" value in points; empty without one.
+QSizeF mediaColSize(ipp_attribute_t *mediaCol)
 {
-    const auto found = std::find_if(list.begin(), list.end(), match);
-    return found == list.end() ? nullptr : &*found;
+    ipp_t *col = mediaCol ? ippGetCollection(mediaCol, 0) : nullptr;
+    ipp_attribute_t *size = col ? ippFindAttribute(col, "media-size", IPP_TAG_BEGIN_COLLECTION) : nullptr;
+    ipp_t *dimensions = size ? ippGetCollection(size, 0) : nullptr;
+    if (!dimensions)
+        return {};
+    const auto length = [&](const char *name) {
+        return hundredthsToPoints(ippGetInteger(ippFindAttribute(dimensions, name, IPP_TAG_INTEGER), 0));
+    };
+    return {length("x-dimension"), length("y-dimension")};
+}
+
+// The printer's media database: each sheet by its IPP name ("na_letter_8.5x11in"), which a
+// job's "media" option takes, with its exact dimensions and margins.
+void readIppSizes(const IppPrinter &printer, CupsQueue &result)
+{
+    http_t *http = printer.http.get();
+    const unsigned flags = CUPS_MEDIA_FLAGS_DEFAULT;
+    const int count = cupsGetDestMediaCount(http, printer.dest, printer.info.get(), flags);
+    QList<QSizeF> points;
+    for (int i = 0; i < count; ++i) {
+        cups_size_t media{};
+        if (!cupsGetDestMediaByIndex(http, printer.dest, printer.info.get(), i, flags, &media))
+            continue;
+        CupsPaperSize entry;
+        entry.keyword = QString::fromUtf8(media.media);
+        entry.points = QSizeF(hundredthsToPoints(media.width), hundredthsToPoints(media.length));
+        if (!(entry.points.width() > 0 && entry.points.height() > 0)
+            || !(entry.points.width() < maximumPoints && entry.points.height() < maximumPoints))
+            continue;
+        const char *localized = cupsLocalizeDestMedia(http, printer.dest, printer.info.get(), flags, &media);
+        entry.name = localized && *localized ? QString::fromUtf8(localized) : entry.keyword;
+        entry.unprintable = QMarginsF(hundredthsToPoints(media.left), hundredthsToPoints(media.top),
+                                      hundredthsToPoints(media.right), hundredthsToPoints(media.bottom));
+        result.sizes.append(entry);
+        points.append(entry.points);
+    }
+    const QList<int> codes = NumberPaperSizes(points);
+    for (qsizetype i = 0; i < result.sizes.size(); ++i)
+        result.sizes[i].code = codes[i];
+    // The printer's own default sheet by its name, else by its dimensions (a printer whose
+    // sheets are all borderless lists them under other names). The destination API's
+    // default would fall back to the sheet of the user's locale.
+    ipp_attribute_t *media = cupsFindDestDefault(http, printer.dest, printer.info.get(), "media");
+    const QString keyword = QString::fromUtf8(media ? ippGetString(media, 0, nullptr) : "");
+    const QSizeF dimensions = mediaColSize(cupsFindDestDefault(http, printer.dest, printer.info.get(), "media-col"));
+    const CupsPaperSize *chosen = findFirst(result.sizes, [&](const CupsPaperSize &size) { return size.keyword == keyword; });
+    if (!chosen)
+        chosen = findFirst(result.sizes, [&](const CupsPaperSize &size) {
+            return size.points == dimensions; // the same hundredths of a millimetre
+        });
+    result.defaultSizeCode = chosen ? chosen->code : 0;
+}
+
+// Sizes and bins from the printer's IPP attributes, as a printer without a PPD (a driverless
+// one) is read; nothing when the server cannot be reached or gives no attributes.
+void readIpp(cups_dest_t *dest, CupsQueue &result)
+{
+    IppPrinter printer{Http(httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC,
+                                         cupsEncryption(), 1, 30000, nullptr)),
+                       dest, nullptr};
+    if (!printer.http)
+        return;
+    printer.info.reset(cupsCopyDestInfo(printer.http.get(), dest));
+    if (!printer.info)
+        return;
+    readIppBins(printer, result);
+    readIppSizes(printer, result);
 }
 
 template <typename T> const T *byCodeOrFirst(const QList<T> &list, int code)
@@ -281,7 +377,7 @@ CupsOptions CupsQueue::jobOptions(const CupsPaperSize *size, const CupsPaperBin 
     return options;
 }
 
-CupsQueue ReadCupsQueue(const QString &queue)
+CupsQueue ReadCupsQueue(const QString &queue, CupsQueueSource source)
 {
     CupsQueue result;
     const QByteArray name = queue.toUtf8();
@@ -291,7 +387,7 @@ CupsQueue ReadCupsQueue(const QString &queue)
     if (!dest)
         return result;
     result.found = true;
-    if (!readPpd(name, dest, result))
+    if (source == CupsQueueSource::PrinterAttributes || !readPpd(name, dest, result))
         readIpp(dest, result);
     cupsFreeDests(1, dest);
     return result;

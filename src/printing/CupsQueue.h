@@ -24,9 +24,10 @@ struct CupsPaperBin {
 };
 
 struct CupsPaperSize {
-    QString keyword;       // the PPD's PageSize ("Letter", "w288h432")
+    QString keyword;       // the PPD's PageSize ("Letter", "w288h432"), or without a PPD
+                           // the IPP media name ("na_letter_8.5x11in")
     QString name;          // display name
-    QSizeF points;         // portrait width and height, exactly as the PPD gives them
+    QSizeF points;         // portrait width and height, exactly as the printer gives them
     QMarginsF unprintable; // portrait edges the printer cannot reach, in points
     int code = 0;          // Windows paper code (see PaperSizeCodes.h)
 };
@@ -55,10 +56,16 @@ struct CupsQueue {
     CupsOptions jobOptions(const CupsPaperSize *size, const CupsPaperBin *bin) const;
 };
 
+enum class CupsQueueSource {
+    Driver,            // the PPD when the queue has one, else the printer's IPP attributes
+    PrinterAttributes, // the IPP attributes alone, as a client without the PPD sees the printer
+};
+
 // Reads a queue's bins and sizes: from its PPD (InputSlot, else the driver's own source
-// option, and a separate ManualFeed option), or for a queue without one from its IPP
-// "media-source" values. One request for the destination and one for its PPD.
-CupsQueue ReadCupsQueue(const QString &queue);
+// option, and a separate ManualFeed option), or for a queue without one (a driverless
+// printer) from its IPP attributes: sizes from its media database, bins from its
+// "media-source" values. One request for the destination and one for its PPD or attributes.
+CupsQueue ReadCupsQueue(const QString &queue, CupsQueueSource source = CupsQueueSource::Driver);
 
 // The server's queues by name, sorted without regard to case, from one request for their
 // names alone (asking for whole destinations costs seven times as much with 150 queues).

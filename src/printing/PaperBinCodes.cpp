@@ -59,6 +59,7 @@ constexpr BinCode binCodes[] = {
     {"tractorfeed", 8},
     {"continuous", 8},
     {"roll", 8},
+    {"mainroll", 8},
     {"smallformat", 9},
     {"smallfmt", 9},
     {"largeformat", 10},

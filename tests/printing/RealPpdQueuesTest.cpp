@@ -1,11 +1,14 @@
 // The system printer information against queues made from real PPDs of Debian's printer
 // driver packages (scripts/cups-sandbox), compared with the PPD text itself.
 
+#include "printing/CupsQueue.h"
 #include "printing/PrinterInfo.h"
 #include "support/PpdText.h"
 #include "support/SandboxCups.h"
 
 #include <QSet>
+#include <algorithm>
+#include <cmath>
 #include <gtest/gtest.h>
 
 using namespace bravcpl5;
@@ -118,6 +121,38 @@ TEST_P(RealPpdQueueTest, EveryPaperSourceIsABin)
     EXPECT_EQ(names, expected);
 }
 
+// A client without the queue's PPD (a driverless printer, or a shared one found on the
+// network) reads the printer from the IPP attributes the server derives from the PPD: every
+// sheet is one of the PPD's within a twip, the default is the PPD's default, and no two
+// sheets and no two sources share a code.
+TEST_P(RealPpdQueueTest, WithoutThePpdTheSameSheetsWithCodesOfTheirOwn)
+{
+    const CupsQueue read = ReadCupsQueue(queue(), CupsQueueSource::PrinterAttributes);
+    ASSERT_TRUE(read.found);
+    EXPECT_FALSE(read.hasPpd);
+    ASSERT_FALSE(read.sizes.isEmpty());
+    const auto withinATwip = [](const QSizeF &a, const QSizeF &b) {
+        return std::abs(a.width() - b.width()) * 20 <= 1 && std::abs(a.height() - b.height()) * 20 <= 1;
+    };
+    QSet<int> sizeCodes, binCodes;
+    for (const CupsPaperSize &size : read.sizes) {
+        const QString name = size.keyword + u' ' + size.name;
+        EXPECT_TRUE(std::any_of(ppd.dimensions.begin(), ppd.dimensions.end(),
+                                [&](const QSizeF &points) { return withinATwip(points, size.points); }))
+            << name.toStdString();
+        EXPECT_FALSE(sizeCodes.contains(size.code)) << name.toStdString();
+        sizeCodes.insert(size.code);
+    }
+    const PpdOption *pageSize = ppd.option(QStringLiteral("PageSize"));
+    ASSERT_TRUE(pageSize && read.defaultSize());
+    EXPECT_TRUE(withinATwip(read.defaultSize()->points, ppd.dimensions.value(pageSize->defaultChoice)));
+    for (const CupsPaperBin &bin : read.bins) {
+        EXPECT_EQ(bin.option, bin.keyword.isEmpty() ? QString() : QStringLiteral("media-source"));
+        EXPECT_FALSE(binCodes.contains(bin.code)) << bin.keyword.toStdString();
+        binCodes.insert(bin.code);
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(Sandbox, RealPpdQueueTest, ::testing::ValuesIn(realQueues),
                          [](const auto &info) {
                              return QString::fromUtf8(info.param).remove(u'-').toStdString();
@@ -184,6 +219,43 @@ TEST(RealPpdCodesTest, StandardSheetsAndBinsHaveTheirWindowsCodes)
             EXPECT_GE(code, 256) << c.queue << " " << c.name;
         else
             EXPECT_EQ(code, c.code) << c.queue << " " << c.name;
+    }
+}
+
+// The same codes for a printer read without its PPD, by the IPP names the server gives its
+// sources ("tray-1-man"); 0 again stands for a printer's own code.
+TEST(RealPpdCodesTest, DriverlessSourcesHaveTheirWindowsCodes)
+{
+    SKIP_WITHOUT_CUPSD();
+    const struct {
+        const char *queue, *keyword;
+        int code;
+    } cases[] = {
+        {"Real-HP-LaserJet-4250", "tray-1-man", 4},
+        {"Real-HP-LaserJet-4250", "envelope-feeder", 5},
+        {"Real-HP-LaserJet-4250", "auto", 7},
+        {"Real-HP-LaserJet-4250", "tray-1", 0},
+        {"Real-Lexmark-C540", "manual-paper", 4},
+        {"Real-Lexmark-C540", "by-pass-tray", 0}, // not manual beside a manual bin
+        {"Real-Lexmark-C540", "manual-env", 6},
+        {"Real-Kyocera-FS-1000-de", "mf", 4},
+        {"Real-HP-DesignJet-4000", "main-roll", 8},
+        {"Real-HP-DesignJet-Z6dr", "manual-feed", 4},
+        {"Real-DYMO-LabelWriter-450", "", 7}, // no sources: the bin a job without one takes
+    };
+    for (const auto &c : cases) {
+        const CupsQueue read =
+            ReadCupsQueue(QString::fromUtf8(c.queue), CupsQueueSource::PrinterAttributes);
+        if (!read.found)
+            continue; // not in the sandbox
+        const auto bin = std::find_if(read.bins.begin(), read.bins.end(), [&](const CupsPaperBin &b) {
+            return b.keyword == QLatin1String(c.keyword);
+        });
+        ASSERT_NE(bin, read.bins.end()) << c.queue << " " << c.keyword;
+        if (c.code == 0)
+            EXPECT_GE(bin->code, 256) << c.queue << " " << c.keyword;
+        else
+            EXPECT_EQ(bin->code, c.code) << c.queue << " " << c.keyword;
     }
 }
 
