@@ -174,16 +174,6 @@ void BM_OpenVendorDropDown(benchmark::State &state)
 }
 BENCHMARK(BM_OpenVendorDropDown)->Arg(100000)->Unit(benchmark::kMillisecond)->UseRealTime();
 
-// The list alone, as the drop-down asks for it: the query through the host and one
-// late-bound read per record.
-void BM_VendorChoices(benchmark::State &state)
-{
-    Setting setting(2, int(state.range(0)));
-    for (auto _ : state)
-        benchmark::DoNotOptimize(FillFilterChoices(&setting.host, FilterType::Vendor, 1));
-}
-BENCHMARK(BM_VendorChoices)->Arg(100000)->Unit(benchmark::kMillisecond)->UseRealTime();
-
 // A report configuration with `count` fields and as many filters.
 QByteArray configurationWithFieldsAndFilters(int count)
 {
