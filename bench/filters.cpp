@@ -3,6 +3,7 @@
 // host's SQLite database code.
 
 #include "filters/DatabaseHost.h"
+#include "filters/DateRanges.h"
 #include "filters/FilterDefinitions.h"
 
 #include "database/SampleData.h"
@@ -43,6 +44,20 @@ void BM_VendorExecuteRead(benchmark::State &state)
             QStringLiteral("SELECT VendorName FROM Vendors ORDER BY VendorName")));
 }
 BENCHMARK(BM_VendorExecuteRead)->Unit(benchmark::kMillisecond);
+
+// A custom date range read back, as OK on the filters dialog reads every one.
+void BM_ParseCustomDateRange(benchmark::State &state)
+{
+    const QString text = QStringLiteral("Custom Date Range : 11/23/2026 to 12/31/2026");
+    QDate start, end;
+    for (auto _ : state) {
+        bravcpl5::ParseCustomDateRange(text, start, end);
+        benchmark::DoNotOptimize(end);
+    }
+    if (end != QDate(2026, 12, 31))
+        state.SkipWithError("misread");
+}
+BENCHMARK(BM_ParseCustomDateRange)->Unit(benchmark::kMicrosecond);
 
 } // namespace
 

