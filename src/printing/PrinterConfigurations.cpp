@@ -30,19 +30,38 @@ const auto recommendation =
     QStringLiteral("It is reccommended that you assign a printer to each printer configuration.");
 const auto fixQuestion = QStringLiteral(" Do you want to address this now?");
 
+// A folder with its configuration files, listed once.
+struct Folder {
+    QString path;
+    QStringList files;
+};
+
+Folder listFolder(const QString &path) { return {path, ListConfigurationFiles(path)}; }
+
 // Adds each configuration of the folder that is not listed yet; `listed` mirrors `list`
 // so that the test stays constant-time however many configurations there are.
-void appendConfigurations(const QString &folder, QStringList &files, bool namesOnly,
-                          QStringList &list, QSet<QString> &listed)
+void appendConfigurations(Folder &folder, bool namesOnly, QStringList &list, QSet<QString> &listed)
 {
-    const QString prefix = ConfigurationPath(folder, QString());
-    for (QString &file : files) {
+    const QString prefix = ConfigurationPath(folder.path, QString());
+    for (QString &file : folder.files) {
         QString entry = namesOnly ? ConfigurationName(std::move(file)) : prefix + file;
         const qsizetype before = listed.size();
         listed.insert(entry); // one lookup for both the test and the insertion
         if (!entry.isEmpty() && listed.size() != before)
             list.append(std::move(entry));
     }
+}
+
+// GetPrinterConfigurations' list, made from the folders' files.
+QStringList configurationList(Folder system, Folder user, bool namesOnly)
+{
+    QStringList list{QString()};
+    QSet<QString> listed;
+    listed.reserve(system.files.size() + user.files.size());
+    list.reserve(1 + system.files.size() + user.files.size());
+    appendConfigurations(system, namesOnly, list, listed);
+    appendConfigurations(user, namesOnly, list, listed);
+    return list;
 }
 
 } // namespace
@@ -84,34 +103,27 @@ bool PrinterConfigurations::SetupPageFromPrinterConfiguration(const QString &Pri
 
 QStringList PrinterConfigurations::GetPrinterConfigurations(bool NamesOnly)
 {
-    const QString system = systemFolder();
-    const QString user = userFolder();
-    QStringList systemFiles = ListConfigurationFiles(system);
-    QStringList userFiles = ListConfigurationFiles(user);
-
-    QStringList list{QString()};
-    QSet<QString> listed;
-    listed.reserve(systemFiles.size() + userFiles.size());
-    list.reserve(1 + systemFiles.size() + userFiles.size());
-    appendConfigurations(system, systemFiles, NamesOnly, list, listed);
-    appendConfigurations(user, userFiles, NamesOnly, list, listed);
-    return list;
+    Folder system = listFolder(systemFolder());
+    Folder user = listFolder(userFolder());
+    return configurationList(std::move(system), std::move(user), NamesOnly);
 }
 
 QList<PrinterConfigurations::NamedFile> PrinterConfigurations::configurationFiles()
 {
+    Folder system = listFolder(systemFolder());
+    Folder user = listFolder(userFolder());
     // The first file of each name in listing order, the user's before the shared one, as
     // GetPrinterConfigurationFileFromName finds them.
     QHash<QString, QString> files;
-    for (const QString &folder : {userFolder(), systemFolder()}) {
-        for (const QString &file : ListConfigurationFiles(folder)) {
+    for (const Folder *folder : {&user, &system}) {
+        for (const QString &file : folder->files) {
             const QString key = ConfigurationName(file).toUpper();
             if (!files.contains(key))
-                files.insert(key, ConfigurationPath(folder, file));
+                files.insert(key, ConfigurationPath(folder->path, file));
         }
     }
     QList<NamedFile> list;
-    for (const QString &name : GetPrinterConfigurations(true)) {
+    for (const QString &name : configurationList(std::move(system), std::move(user), true)) {
         if (!name.isEmpty())
             list.append({name, files.value(name.toUpper())});
     }
