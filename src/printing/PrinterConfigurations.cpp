@@ -172,9 +172,11 @@ void PrinterConfigurations::SetPrinterForConfiguration(const QString &PrinterCon
 
 bool PrinterConfigurations::VerifyPrinterConfigurations(bool Verbose, bool CanFix)
 {
+    // The registry read once, not once per configuration.
+    const QHash<QString, QString> printers = printerAssignments();
     bool failed = false;
     for (const QString &name : GetPrinterConfigurations(true)) {
-        if (!name.isEmpty() && GetPrinterForConfiguration(name, true).isEmpty()) {
+        if (!name.isEmpty() && printers.value(name.toCaseFolded()).isEmpty()) {
             failed = true;
             break;
         }
