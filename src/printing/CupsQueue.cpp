@@ -21,6 +21,24 @@ const QString manualFeed = QStringLiteral("ManualFeed");
 // The largest sheet taken: 200 inches, beyond any roll a dealer prints on and within twips.
 constexpr double maximumPoints = 200 * 72;
 
+// Whether a size is one of a sheet, as a PPD or a media database may list sizes that are not.
+bool isSheet(const QSizeF &points)
+{
+    return points.width() > 0 && points.height() > 0 && points.width() < maximumPoints
+           && points.height() < maximumPoints;
+}
+
+// Codes for the sizes by their dimensions, so that twins and variants stay apart.
+void numberSizes(QList<CupsPaperSize> &sizes)
+{
+    QList<QSizeF> points;
+    for (const CupsPaperSize &size : sizes)
+        points.append(size.points);
+    const QList<int> codes = NumberPaperSizes(points);
+    for (qsizetype i = 0; i < sizes.size(); ++i)
+        sizes[i].code = codes[i];
+}
+
 // The PPD calls are deprecated in favour of the IPP destination API, which gives neither
 // the driver's bin names nor the printable areas; they are still part of libcups.
 #pragma GCC diagnostic push
@@ -148,29 +166,26 @@ void readSizes(ppd_file_t *ppd, const cups_dest_t *dest, CupsQueue &result)
 {
     ppd_option_t *pageSize = ppdFindOption(ppd, "PageSize");
     const QString chosen = pageSize ? chosenValue(pageSize, dest) : QString();
-    QList<QSizeF> points;
     for (int i = 0; i < ppd->num_sizes; ++i) {
         const ppd_size_t &paper = ppd->sizes[i];
+        const QSizeF points(paper.width, paper.length);
         // The custom size is no sheet, and neither is one without a usable size.
-        if (qstrcmp(paper.name, "Custom") == 0 || !(paper.width > 0 && paper.length > 0)
-            || !(paper.width < maximumPoints && paper.length < maximumPoints))
+        if (qstrcmp(paper.name, "Custom") == 0 || !isSheet(points))
             continue;
         CupsPaperSize entry;
         entry.keyword = QString::fromUtf8(paper.name);
         const ppd_choice_t *choice = pageSize ? ppdFindChoice(pageSize, paper.name) : nullptr;
         entry.name = choice && choice->text[0] ? QString::fromUtf8(choice->text) : entry.keyword;
-        entry.points = QSizeF(paper.width, paper.length);
+        entry.points = points;
         // The imageable area is given by its corners, from the bottom left.
         entry.unprintable = QMarginsF(paper.left, paper.length - paper.top,
                                       paper.width - paper.right, paper.bottom);
         result.sizes.append(entry);
-        points.append(entry.points);
     }
-    const QList<int> codes = NumberPaperSizes(points);
-    for (qsizetype i = 0; i < result.sizes.size(); ++i) {
-        result.sizes[i].code = codes[i];
-        if (result.sizes[i].keyword == chosen)
-            result.defaultSizeCode = codes[i];
+    numberSizes(result.sizes);
+    for (const CupsPaperSize &size : std::as_const(result.sizes)) {
+        if (size.keyword == chosen)
+            result.defaultSizeCode = size.code;
     }
 }
 
@@ -276,7 +291,6 @@ void readIppSizes(const IppPrinter &printer, CupsQueue &result)
     http_t *http = printer.http.get();
     const unsigned flags = CUPS_MEDIA_FLAGS_DEFAULT;
     const int count = cupsGetDestMediaCount(http, printer.dest, printer.info.get(), flags);
-    QList<QSizeF> points;
     for (int i = 0; i < count; ++i) {
         cups_size_t media{};
         if (!cupsGetDestMediaByIndex(http, printer.dest, printer.info.get(), i, flags, &media))
@@ -284,19 +298,15 @@ void readIppSizes(const IppPrinter &printer, CupsQueue &result)
         CupsPaperSize entry;
         entry.keyword = QString::fromUtf8(media.media);
         entry.points = QSizeF(hundredthsToPoints(media.width), hundredthsToPoints(media.length));
-        if (!(entry.points.width() > 0 && entry.points.height() > 0)
-            || !(entry.points.width() < maximumPoints && entry.points.height() < maximumPoints))
+        if (!isSheet(entry.points))
             continue;
         const char *localized = cupsLocalizeDestMedia(http, printer.dest, printer.info.get(), flags, &media);
         entry.name = localized && *localized ? QString::fromUtf8(localized) : entry.keyword;
         entry.unprintable = QMarginsF(hundredthsToPoints(media.left), hundredthsToPoints(media.top),
                                       hundredthsToPoints(media.right), hundredthsToPoints(media.bottom));
         result.sizes.append(entry);
-        points.append(entry.points);
     }
-    const QList<int> codes = NumberPaperSizes(points);
-    for (qsizetype i = 0; i < result.sizes.size(); ++i)
-        result.sizes[i].code = codes[i];
+    numberSizes(result.sizes);
     // The printer's own default sheet by its name, else by its dimensions (a printer whose
     // sheets are all borderless lists them under other names). The destination API's
     // default would fall back to the sheet of the user's locale.
