@@ -14,7 +14,6 @@ namespace bravcpl5 {
 
 namespace {
 
-const QString inputSlot = QStringLiteral("InputSlot");
 // The bin of a printer without sources to choose: a job names none.
 const QString automatic = QStringLiteral("Automatically Select");
 const QString manualFeed = QStringLiteral("ManualFeed");
