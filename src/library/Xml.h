@@ -53,11 +53,11 @@ pugi::xpath_node SelectSingleNode(pugi::xml_node node, const QString &xpath);
 // The text of a selected node: an attribute's value, or all text inside an element.
 QString NodeText(const pugi::xpath_node &node);
 
-// Saves whole or not at all (WriteWholeFile): a failed save returns false and leaves the
-// previous file byte-for-byte as it was.
 // The document as UTF-8 text: indented while it is shallow enough for that to stay cheap,
 // else without indentation; it always loads again.
 QByteArray XmlDocumentText(const pugi::xml_document &document);
+// Saves whole or not at all (WriteWholeFile): a failed save returns false and leaves the
+// previous file byte-for-byte as it was.
 bool SaveXmlDocument(const pugi::xml_document &document, const QString &path);
 
 } // namespace bravcpl5
