@@ -16,9 +16,10 @@
 #include "database/SampleData.h"
 #include "filters/DatabaseHost.h"
 
+#include "Painting.h"
+
 #include <QAbstractItemView>
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QFileInfo>
 #include <QPushButton>
 #include <QListView>
@@ -32,27 +33,6 @@
 namespace {
 
 using namespace bravcpl5;
-
-// Counts the paints of a widget.
-class PaintCounter : public QObject
-{
-public:
-    int paints = 0;
-    bool eventFilter(QObject *, QEvent *event) override
-    {
-        if (event->type() == QEvent::Paint)
-            ++paints;
-        return false;
-    }
-};
-
-template <typename Done> void runUntil(Done done)
-{
-    QElapsedTimer clock;
-    clock.start();
-    while (!done() && clock.elapsed() < 10000)
-        QApplication::processEvents(QEventLoop::AllEvents, 1);
-}
 
 QByteArray configurationWithFilters(int count)
 {

@@ -11,9 +11,10 @@
 #include "support/SandboxCups.h"
 #include "support/TestHost.h"
 
+#include "Painting.h"
+
 #include <QApplication>
 #include <QDir>
-#include <QElapsedTimer>
 #include <QImage>
 #include <QLineEdit>
 #include <QPageSetupDialog>
@@ -88,28 +89,12 @@ bool addManySizesPrinter()
                                                          QStringLiteral("-P"), ppd}) == 0;
 }
 
-// Counts the paints of a widget.
-class PaintCounter : public QObject
-{
-public:
-    int paints = 0;
-    bool eventFilter(QObject *, QEvent *event) override
-    {
-        if (event->type() == QEvent::Paint)
-            ++paints;
-        return false;
-    }
-};
-
 void untilPainted(QWidget &window, QWidget *watched)
 {
     PaintCounter counter;
     watched->installEventFilter(&counter);
     window.show();
-    QElapsedTimer clock;
-    clock.start();
-    while (counter.paints == 0 && clock.elapsed() < 10000)
-        QApplication::processEvents(QEventLoop::AllEvents, 1);
+    runUntil([&]() { return counter.paints > 0; });
     watched->removeEventFilter(&counter);
 }
 
