@@ -43,14 +43,20 @@ pugi::xml_node pageSetupNode(const pugi::xml_document &document)
     return SelectSingleNode(document, QString::fromLatin1(pagesetup::xpath)).node();
 }
 
-// The system default printer's current paper size or bin; none without a default printer.
-std::optional<int> systemPrinterDefault(int (PrinterInfo::*current)(const QString &) const)
+// The system default printer's current paper size and bin, from one read of the printer;
+// none without a default printer.
+struct SystemDefaults {
+    std::optional<int> paperSize, paperBin;
+};
+
+SystemDefaults systemPrinterDefaults()
 {
     const PrinterInfo &info = CurrentPrinterInfo();
     const QString printer = info.defaultPrinterName();
     if (printer.isEmpty())
-        return std::nullopt;
-    return (info.*current)(printer);
+        return {};
+    const PrinterPaper paper = info.paper(printer);
+    return {paper.currentSize, paper.currentBin};
 }
 
 // Selects the stored code (or the default) in a list: that entry, else the first, else
@@ -103,14 +109,13 @@ bool PageSetup::read(const pugi::xml_document &document, const PageSetupChoices 
     if (!node)
         return false;
 
-    readSelection(node, pagesetup::paperSize, systemPrinterDefault(&PrinterInfo::currentPaperSize),
-                  choices.paperSizes, paperSize);
+    const SystemDefaults defaults = systemPrinterDefaults();
+    readSelection(node, pagesetup::paperSize, defaults.paperSize, choices.paperSizes, paperSize);
     if (paperSize && *paperSize >= firstCustomPaperSize) {
         paperWidth = GetXmlValue(name(pagesetup::paperWidth), node, QString());
         paperHeight = GetXmlValue(name(pagesetup::paperHeight), node, QString());
     }
-    readSelection(node, pagesetup::paperSource, systemPrinterDefault(&PrinterInfo::currentPaperBin),
-                  choices.paperSources, paperSource);
+    readSelection(node, pagesetup::paperSource, defaults.paperBin, choices.paperSources, paperSource);
     readLengths(node, marginFields, *this);
     // The check box takes 0 (clear) and 1 (ticked) only; it keeps its state otherwise.
     const int mirror = GetXmlInteger(name(pagesetup::mirrorMargins), node, 0);
