@@ -103,31 +103,28 @@ bool frmPageSetup::Open(const QString &configuration, const QString &printerName
     m_configuration = configuration;
 
     // The installed printers are asked for once; the dialog keeps its choice for its lifetime.
-    m_printerNames = m_info.printerNames();
-    if (m_printerNames.isEmpty()) {
+    if (m_info.printerNames().isEmpty()) {
         ShowMessage(QStringLiteral("No printers have been setup on this computer. You must setup at least "
                                    "one printer in order to configure page settings."),
                     QMessageBox::Warning, QMessageBox::Ok, parentWidget());
         return false;
     }
     if (!printerName.isEmpty()) {
-        if (IsValidPrinter(printerName))
-            m_printer = installedName(printerName);
-        else
+        m_printer = FindPrinter(m_info, printerName);
+        if (m_printer.isEmpty())
             ShowMessage(QStringLiteral("The printer '") + printerName +
                             QStringLiteral("' is invalid. The default printer will be used."),
                         QMessageBox::Warning, QMessageBox::Ok, parentWidget());
     }
     if (m_printer.isEmpty()) {
-        const QString systemPrinter = m_info.defaultPrinterName();
-        if (!IsValidPrinter(systemPrinter)) {
+        m_printer = FindPrinter(m_info, m_info.defaultPrinterName());
+        if (m_printer.isEmpty()) {
             ShowMessage(QStringLiteral("Unable to perform page setup. Make sure a valid default printer is "
                                        "setup on this computer and that the print spooler service is "
                                        "running. (1)"),
                         QMessageBox::Critical, QMessageBox::Ok, parentWidget());
             return false;
         }
-        m_printer = installedName(systemPrinter);
     }
 
     m_loading = true;
@@ -142,17 +139,6 @@ bool frmPageSetup::Open(const QString &configuration, const QString &printerName
     // The stored paper shows its own size, as if the user had chosen it.
     cboPaperSize_Click();
     return true;
-}
-
-bool frmPageSetup::IsValidPrinter(const QString &name) const { return !installedName(name).isEmpty(); }
-
-QString frmPageSetup::installedName(const QString &name) const
-{
-    for (const QString &printer : m_printerNames) {
-        if (printer.compare(name, Qt::CaseInsensitive) == 0)
-            return printer;
-    }
-    return QString();
 }
 
 void frmPageSetup::FillPaperSizes()
