@@ -4,13 +4,13 @@
 
 #include "forms/Glyphs.h"
 #include "library/Messages.h"
+#include "printing/PaperSizeCodes.h"
 #include "printing/PrinterConfigurations.h"
 
 namespace bravcpl5 {
 
 namespace {
 
-constexpr int firstCustomPaperSize = 256;
 constexpr int noPrinterBin = -1;
 
 // The orientation pictures' backgrounds: selected, and not.
@@ -147,10 +147,10 @@ void frmPageSetup::FillPaperSizes()
     bool hasCustomPaperSize = false;
     for (const PaperSizeInfo &size : std::as_const(m_paperSizes)) {
         ui->cboPaperSize->addItem(size.name, size.code);
-        hasCustomPaperSize = hasCustomPaperSize || size.code >= firstCustomPaperSize;
+        hasCustomPaperSize = hasCustomPaperSize || size.code >= FirstPrinterPaperCode;
     }
     if (!hasCustomPaperSize)
-        ui->cboPaperSize->addItem(QStringLiteral("Custom"), firstCustomPaperSize);
+        ui->cboPaperSize->addItem(QStringLiteral("Custom"), FirstPrinterPaperCode);
     ui->cboPaperSize->setCurrentIndex(-1);
 }
 
@@ -170,7 +170,7 @@ void frmPageSetup::FillPaperSources()
 void frmPageSetup::cboPaperSize_Click()
 {
     // A standard paper shows its own size; a custom one keeps what was typed.
-    if (const auto code = selectedCode(ui->cboPaperSize); code && *code < firstCustomPaperSize) {
+    if (const auto code = selectedCode(ui->cboPaperSize); code && *code < FirstPrinterPaperCode) {
         for (const PaperSizeInfo &size : std::as_const(m_paperSizes)) {
             if (size.code == *code) {
                 ui->txtPaperWidth->setText(PaperLengthText(size.widthTwips));
@@ -192,7 +192,7 @@ void frmPageSetup::UpdateOrientationPictures()
 void frmPageSetup::UpdatePaperFields()
 {
     const auto code = selectedCode(ui->cboPaperSize);
-    const bool custom = code && *code >= firstCustomPaperSize;
+    const bool custom = code && *code >= FirstPrinterPaperCode;
     for (QWidget *widget : {static_cast<QWidget *>(ui->lblPaperWidth), static_cast<QWidget *>(ui->txtPaperWidth),
                             static_cast<QWidget *>(ui->udPaperWidth), static_cast<QWidget *>(ui->lblPaperHeight),
                             static_cast<QWidget *>(ui->txtPaperHeight), static_cast<QWidget *>(ui->udPaperHeight)})
