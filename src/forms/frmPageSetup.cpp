@@ -11,8 +11,6 @@ namespace bravcpl5 {
 
 namespace {
 
-constexpr int noPrinterBin = -1;
-
 // The orientation pictures' backgrounds: selected, and not.
 const QColor selectedSheet(0xE7, 0xE2, 0xC9);
 const QColor otherSheet(0xF5, 0xF5, 0xF5);
@@ -156,11 +154,6 @@ void frmPageSetup::FillPaperSizes()
 
 void frmPageSetup::FillPaperSources()
 {
-    if (m_printer.isEmpty()) {
-        auto *item = new QListWidgetItem(QStringLiteral("Default"), ui->lstPaperSource);
-        item->setData(Qt::UserRole, noPrinterBin);
-        return;
-    }
     for (const PaperBinInfo &bin : m_info.paperBins(m_printer)) {
         auto *item = new QListWidgetItem(bin.name, ui->lstPaperSource);
         item->setData(Qt::UserRole, bin.code);
