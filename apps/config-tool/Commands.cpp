@@ -46,6 +46,13 @@ QString ownPrinter(CommandContext &context, const QString &configuration)
     return late::text(store(context), "GetPrinterForConfiguration", {configuration, true});
 }
 
+// The store's lists of every configuration: a lookup per name would list the folders and
+// read the registry once per configuration.
+PrinterConfigurations &typedStore(CommandContext &context)
+{
+    return *qobject_cast<PrinterConfigurations *>(store(context));
+}
+
 // Every assignment of this workstation's profile, names as they were first written.
 QList<std::pair<QString, QString>> assignments(CommandContext &context)
 {
@@ -72,17 +79,20 @@ QString DefaultAssignmentName() { return QString::fromLatin1(DefaultPrinterValue
 
 int ListConfigurations(CommandContext &context, bool json)
 {
+    PrinterConfigurations &configurations = typedStore(context);
+    const QHash<QString, QString> printers = configurations.printerAssignments();
     QJsonArray rows;
     QList<QStringList> table;
-    for (const QString &name : configurationNames(context)) {
-        const QString file = late::text(store(context), "GetPrinterConfigurationFileFromName", {name});
-        const bool system = late::value(store(context), "PrinterConfigurationIsSystem", {file}).toBool();
-        const QString printer = ownPrinter(context, name);
+    for (const PrinterConfigurations::NamedFile &configuration : configurations.configurationFiles()) {
+        const QString &name = configuration.name;
+        const QString &file = configuration.file;
+        const bool system = configurations.PrinterConfigurationIsSystem(file);
+        const QString printer = printers.value(name.toCaseFolded());
         rows.append(QJsonObject{{"name", name}, {"printer", printer}, {"file", file}, {"system", system}});
         table.append({name, printer.isEmpty() ? QStringLiteral("-") : printer,
                       system ? QStringLiteral("yes") : QStringLiteral("no"), file});
     }
-    const QString fallback = ownPrinter(context, DefaultAssignmentName());
+    const QString fallback = printers.value(DefaultAssignmentName().toCaseFolded());
     if (json) {
         const QJsonObject answer{{"default", fallback}, {"configurations", rows}};
         context.out << QJsonDocument(answer).toJson(QJsonDocument::Indented);
@@ -182,9 +192,10 @@ int ShowConfiguration(CommandContext &context, const QString &configuration)
 
 int VerifyConfigurations(CommandContext &context)
 {
+    const QHash<QString, QString> printers = typedStore(context).printerAssignments();
     QStringList unassigned;
     for (const QString &name : configurationNames(context)) {
-        if (ownPrinter(context, name).isEmpty())
+        if (printers.value(name.toCaseFolded()).isEmpty())
             unassigned << name;
     }
     if (unassigned.isEmpty()) {
