@@ -2,9 +2,11 @@
 
 #include "library/LateBinding.h"
 #include "library/Registry.h"
+#include "library/Units.h"
 #include "library/WholeFile.h"
 #include "library/Xml.h"
 #include "printing/PageSetupElements.h"
+#include "printing/PaperSizeCodes.h"
 #include "printing/PrinterConfigurations.h"
 #include "printing/PrinterInfo.h"
 
@@ -64,7 +66,9 @@ QString inches(const QString &text) { return text.isEmpty() ? QStringLiteral("-"
 
 QString paperDimensions(const PaperSizeInfo &size)
 {
-    return QStringLiteral("%1 x %2 in").arg(size.widthTwips / 1440.0, 0, 'g', 4).arg(size.heightTwips / 1440.0, 0, 'g', 4);
+    return QStringLiteral("%1 x %2 in")
+        .arg(size.widthTwips / TwipsPerInch, 0, 'g', 4)
+        .arg(size.heightTwips / TwipsPerInch, 0, 'g', 4);
 }
 
 int refuse(CommandContext &context, const QString &why)
@@ -175,7 +179,7 @@ int ShowConfiguration(CommandContext &context, const QString &configuration)
         if (paper.code == sizeCode)
             size = QStringLiteral("%1 (code %2, %3)").arg(paper.name).arg(sizeCode).arg(paperDimensions(paper));
     }
-    if (sizeCode >= 256)
+    if (sizeCode >= FirstPrinterPaperCode)
         size += QStringLiteral("; stored size %1 x %2").arg(inches(value(pagesetup::paperWidth)),
                                                              inches(value(pagesetup::paperHeight)));
     const QString storedBin = value(pagesetup::paperSource);
