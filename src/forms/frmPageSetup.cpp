@@ -71,7 +71,7 @@ frmPageSetup::frmPageSetup(QWidget *parent)
                               ? IncrementFieldValue(limits.step, limits.minimum, limits.maximum, text->text())
                               : DecrementFieldValue(limits.step, limits.minimum, limits.maximum, text->text()));
         });
-        connect(text, &QLineEdit::textChanged, this, &frmPageSetup::UpdatePaperFields);
+        connect(text, &QLineEdit::textChanged, this, &frmPageSetup::DrawPreviews);
     }
     for (const PrintDirectionChoice &direction : PrintDirections())
         ui->cboPrintDirection->addItem(direction.name, int(direction.code));
