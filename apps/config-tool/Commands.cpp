@@ -2,9 +2,11 @@
 
 #include "library/LateBinding.h"
 #include "library/Registry.h"
+#include "library/Units.h"
 #include "library/WholeFile.h"
 #include "library/Xml.h"
 #include "printing/PageSetupElements.h"
+#include "printing/PaperSizeCodes.h"
 #include "printing/PrinterConfigurations.h"
 #include "printing/PrinterInfo.h"
 
@@ -46,6 +48,13 @@ QString ownPrinter(CommandContext &context, const QString &configuration)
     return late::text(store(context), "GetPrinterForConfiguration", {configuration, true});
 }
 
+// The store's lists of every configuration: a lookup per name would list the folders and
+// read the registry once per configuration.
+PrinterConfigurations &typedStore(CommandContext &context)
+{
+    return *qobject_cast<PrinterConfigurations *>(store(context));
+}
+
 // Every assignment of this workstation's profile, names as they were first written.
 QList<std::pair<QString, QString>> assignments(CommandContext &context)
 {
@@ -57,7 +66,9 @@ QString inches(const QString &text) { return text.isEmpty() ? QStringLiteral("-"
 
 QString paperDimensions(const PaperSizeInfo &size)
 {
-    return QStringLiteral("%1 x %2 in").arg(size.widthTwips / 1440.0, 0, 'g', 4).arg(size.heightTwips / 1440.0, 0, 'g', 4);
+    return QStringLiteral("%1 x %2 in")
+        .arg(size.widthTwips / TwipsPerInch, 0, 'g', 4)
+        .arg(size.heightTwips / TwipsPerInch, 0, 'g', 4);
 }
 
 int refuse(CommandContext &context, const QString &why)
@@ -72,17 +83,20 @@ QString DefaultAssignmentName() { return QString::fromLatin1(DefaultPrinterValue
 
 int ListConfigurations(CommandContext &context, bool json)
 {
+    PrinterConfigurations &configurations = typedStore(context);
+    const QHash<QString, QString> printers = configurations.printerAssignments();
     QJsonArray rows;
     QList<QStringList> table;
-    for (const QString &name : configurationNames(context)) {
-        const QString file = late::text(store(context), "GetPrinterConfigurationFileFromName", {name});
-        const bool system = late::value(store(context), "PrinterConfigurationIsSystem", {file}).toBool();
-        const QString printer = ownPrinter(context, name);
+    for (const PrinterConfigurations::NamedFile &configuration : configurations.configurationFiles()) {
+        const QString &name = configuration.name;
+        const QString &file = configuration.file;
+        const bool system = configurations.PrinterConfigurationIsSystem(file);
+        const QString printer = printers.value(name.toCaseFolded());
         rows.append(QJsonObject{{"name", name}, {"printer", printer}, {"file", file}, {"system", system}});
         table.append({name, printer.isEmpty() ? QStringLiteral("-") : printer,
                       system ? QStringLiteral("yes") : QStringLiteral("no"), file});
     }
-    const QString fallback = ownPrinter(context, DefaultAssignmentName());
+    const QString fallback = printers.value(DefaultAssignmentName().toCaseFolded());
     if (json) {
         const QJsonObject answer{{"default", fallback}, {"configurations", rows}};
         context.out << QJsonDocument(answer).toJson(QJsonDocument::Indented);
@@ -165,7 +179,7 @@ int ShowConfiguration(CommandContext &context, const QString &configuration)
         if (paper.code == sizeCode)
             size = QStringLiteral("%1 (code %2, %3)").arg(paper.name).arg(sizeCode).arg(paperDimensions(paper));
     }
-    if (sizeCode >= 256)
+    if (sizeCode >= FirstPrinterPaperCode)
         size += QStringLiteral("; stored size %1 x %2").arg(inches(value(pagesetup::paperWidth)),
                                                              inches(value(pagesetup::paperHeight)));
     const QString storedBin = value(pagesetup::paperSource);
@@ -182,9 +196,10 @@ int ShowConfiguration(CommandContext &context, const QString &configuration)
 
 int VerifyConfigurations(CommandContext &context)
 {
+    const QHash<QString, QString> printers = typedStore(context).printerAssignments();
     QStringList unassigned;
     for (const QString &name : configurationNames(context)) {
-        if (ownPrinter(context, name).isEmpty())
+        if (printers.value(name.toCaseFolded()).isEmpty())
             unassigned << name;
     }
     if (unassigned.isEmpty()) {

@@ -25,10 +25,8 @@ void ModalForm::setVisible(bool visible)
     // manager puts the frame there; moved later, before the frame is known, the client area
     // would land there instead, a caption's height lower on every opening. The form name
     // (set by the .ui) is the key of the stored place.
-    if (visible && !m_placed && m_placement == Placement::Remembered) {
-        m_placed = true;
+    if (visible && !m_shown && m_placement == Placement::Remembered)
         RestoreWindowPosition(objectName(), this, true);
-    }
     QDialog::setVisible(visible);
 }
 

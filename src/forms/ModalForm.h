@@ -51,7 +51,6 @@ private:
     bool m_cancelled;
     bool m_activated = false;
     bool m_shown = false;
-    bool m_placed = false;
     Placement m_placement;
     QPointer<HostLink> m_owner;
 };

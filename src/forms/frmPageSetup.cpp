@@ -4,14 +4,12 @@
 
 #include "forms/Glyphs.h"
 #include "library/Messages.h"
+#include "printing/PaperSizeCodes.h"
 #include "printing/PrinterConfigurations.h"
 
 namespace bravcpl5 {
 
 namespace {
-
-constexpr int firstCustomPaperSize = 256;
-constexpr int noPrinterBin = -1;
 
 // The orientation pictures' backgrounds: selected, and not.
 const QColor selectedSheet(0xE7, 0xE2, 0xC9);
@@ -73,7 +71,7 @@ frmPageSetup::frmPageSetup(QWidget *parent)
                               ? IncrementFieldValue(limits.step, limits.minimum, limits.maximum, text->text())
                               : DecrementFieldValue(limits.step, limits.minimum, limits.maximum, text->text()));
         });
-        connect(text, &QLineEdit::textChanged, this, &frmPageSetup::UpdatePaperFields);
+        connect(text, &QLineEdit::textChanged, this, &frmPageSetup::DrawPreviews);
     }
     for (const PrintDirectionChoice &direction : PrintDirections())
         ui->cboPrintDirection->addItem(direction.name, int(direction.code));
@@ -103,31 +101,28 @@ bool frmPageSetup::Open(const QString &configuration, const QString &printerName
     m_configuration = configuration;
 
     // The installed printers are asked for once; the dialog keeps its choice for its lifetime.
-    m_printerNames = m_info.printerNames();
-    if (m_printerNames.isEmpty()) {
+    if (m_info.printerNames().isEmpty()) {
         ShowMessage(QStringLiteral("No printers have been setup on this computer. You must setup at least "
                                    "one printer in order to configure page settings."),
                     QMessageBox::Warning, QMessageBox::Ok, parentWidget());
         return false;
     }
     if (!printerName.isEmpty()) {
-        if (IsValidPrinter(printerName))
-            m_printer = installedName(printerName);
-        else
+        m_printer = FindPrinter(m_info, printerName);
+        if (m_printer.isEmpty())
             ShowMessage(QStringLiteral("The printer '") + printerName +
                             QStringLiteral("' is invalid. The default printer will be used."),
                         QMessageBox::Warning, QMessageBox::Ok, parentWidget());
     }
     if (m_printer.isEmpty()) {
-        const QString systemPrinter = m_info.defaultPrinterName();
-        if (!IsValidPrinter(systemPrinter)) {
+        m_printer = FindPrinter(m_info, m_info.defaultPrinterName());
+        if (m_printer.isEmpty()) {
             ShowMessage(QStringLiteral("Unable to perform page setup. Make sure a valid default printer is "
                                        "setup on this computer and that the print spooler service is "
                                        "running. (1)"),
                         QMessageBox::Critical, QMessageBox::Ok, parentWidget());
             return false;
         }
-        m_printer = installedName(systemPrinter);
     }
 
     m_loading = true;
@@ -144,37 +139,21 @@ bool frmPageSetup::Open(const QString &configuration, const QString &printerName
     return true;
 }
 
-bool frmPageSetup::IsValidPrinter(const QString &name) const { return !installedName(name).isEmpty(); }
-
-QString frmPageSetup::installedName(const QString &name) const
-{
-    for (const QString &printer : m_printerNames) {
-        if (printer.compare(name, Qt::CaseInsensitive) == 0)
-            return printer;
-    }
-    return QString();
-}
-
 void frmPageSetup::FillPaperSizes()
 {
     m_paperSizes = m_info.paperSizes(m_printer);
     bool hasCustomPaperSize = false;
     for (const PaperSizeInfo &size : std::as_const(m_paperSizes)) {
         ui->cboPaperSize->addItem(size.name, size.code);
-        hasCustomPaperSize = hasCustomPaperSize || size.code >= firstCustomPaperSize;
+        hasCustomPaperSize = hasCustomPaperSize || size.code >= FirstPrinterPaperCode;
     }
     if (!hasCustomPaperSize)
-        ui->cboPaperSize->addItem(QStringLiteral("Custom"), firstCustomPaperSize);
+        ui->cboPaperSize->addItem(QStringLiteral("Custom"), FirstPrinterPaperCode);
     ui->cboPaperSize->setCurrentIndex(-1);
 }
 
 void frmPageSetup::FillPaperSources()
 {
-    if (m_printer.isEmpty()) {
-        auto *item = new QListWidgetItem(QStringLiteral("Default"), ui->lstPaperSource);
-        item->setData(Qt::UserRole, noPrinterBin);
-        return;
-    }
     for (const PaperBinInfo &bin : m_info.paperBins(m_printer)) {
         auto *item = new QListWidgetItem(bin.name, ui->lstPaperSource);
         item->setData(Qt::UserRole, bin.code);
@@ -184,7 +163,7 @@ void frmPageSetup::FillPaperSources()
 void frmPageSetup::cboPaperSize_Click()
 {
     // A standard paper shows its own size; a custom one keeps what was typed.
-    if (const auto code = selectedCode(ui->cboPaperSize); code && *code < firstCustomPaperSize) {
+    if (const auto code = selectedCode(ui->cboPaperSize); code && *code < FirstPrinterPaperCode) {
         for (const PaperSizeInfo &size : std::as_const(m_paperSizes)) {
             if (size.code == *code) {
                 ui->txtPaperWidth->setText(PaperLengthText(size.widthTwips));
@@ -206,7 +185,7 @@ void frmPageSetup::UpdateOrientationPictures()
 void frmPageSetup::UpdatePaperFields()
 {
     const auto code = selectedCode(ui->cboPaperSize);
-    const bool custom = code && *code >= firstCustomPaperSize;
+    const bool custom = code && *code >= FirstPrinterPaperCode;
     for (QWidget *widget : {static_cast<QWidget *>(ui->lblPaperWidth), static_cast<QWidget *>(ui->txtPaperWidth),
                             static_cast<QWidget *>(ui->udPaperWidth), static_cast<QWidget *>(ui->lblPaperHeight),
                             static_cast<QWidget *>(ui->txtPaperHeight), static_cast<QWidget *>(ui->udPaperHeight)})

@@ -42,9 +42,6 @@ public:
     QString currentPrinter() const { return m_printer; }
 
 private:
-    bool IsValidPrinter(const QString &name) const;
-    // The installed printer's own spelling of `name`, found without regard to case; "" when none.
-    QString installedName(const QString &name) const;
     void FillPaperSizes();
     void FillPaperSources();
     void cboPaperSize_Click();
@@ -70,7 +67,6 @@ private:
     CachedPrinterInfo m_info; // read once while the dialog is open
     QPointer<PrinterConfigurations> m_store;
     QString m_configuration;
-    QStringList m_printerNames;
     QString m_printer;
     QList<PaperSizeInfo> m_paperSizes;
     bool m_loading = false;
