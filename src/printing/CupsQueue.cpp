@@ -5,7 +5,6 @@
 
 #include <QFile>
 #include <algorithm>
-#include <cmath>
 #include <cups/cups.h>
 #include <cups/ppd.h>
 #include <memory>
@@ -356,10 +355,7 @@ const CupsPaperSize *CupsQueue::sizeByCode(int code) const
 
 const CupsPaperSize *CupsQueue::sizeByPoints(const QSizeF &points) const
 {
-    return findFirst(sizes, [&](const CupsPaperSize &size) {
-        return std::abs(size.points.width() - points.width()) < 1.0
-               && std::abs(size.points.height() - points.height()) < 1.0;
-    });
+    return findFirst(sizes, [&](const CupsPaperSize &size) { return SamePaper(size.points, points); });
 }
 
 const CupsPaperSize *CupsQueue::defaultSize() const

@@ -3,6 +3,7 @@
 #include "library/ValueRules.h"
 #include "library/Xml.h"
 #include "printing/PageSetupElements.h"
+#include "printing/PaperSizeCodes.h"
 #include "printing/PrinterInfo.h"
 
 #include <span>
@@ -10,8 +11,6 @@
 namespace bravcpl5 {
 
 namespace {
-
-constexpr int firstCustomPaperSize = 256;
 
 // A length field: its element, where the dialog holds it, and the text shown when the
 // file has no value.
@@ -111,7 +110,7 @@ bool PageSetup::read(const pugi::xml_document &document, const PageSetupChoices 
 
     const SystemDefaults defaults = systemPrinterDefaults();
     readSelection(node, pagesetup::paperSize, defaults.paperSize, choices.paperSizes, paperSize);
-    if (paperSize && *paperSize >= firstCustomPaperSize) {
+    if (paperSize && *paperSize >= FirstPrinterPaperCode) {
         paperWidth = GetXmlValue(name(pagesetup::paperWidth), node, QString());
         paperHeight = GetXmlValue(name(pagesetup::paperHeight), node, QString());
     }

@@ -67,6 +67,11 @@ int StandardPaperSizeCode(const QSizeF &points)
     return 0;
 }
 
+bool SamePaper(const QSizeF &a, const QSizeF &b)
+{
+    return std::abs(a.width() - b.width()) < 1.0 && std::abs(a.height() - b.height()) < 1.0;
+}
+
 QList<int> NumberPaperSizes(const QList<QSizeF> &points)
 {
     return NumberCodes(points, FirstPrinterPaperCode, StandardPaperSizeCode);

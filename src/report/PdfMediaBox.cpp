@@ -1,9 +1,9 @@
 #include "report/PdfMediaBox.h"
 
 #include "library/WholeFile.h"
+#include "printing/PaperSizeCodes.h"
 
 #include <QFile>
-#include <cmath>
 
 namespace bravcpl5 {
 
@@ -43,8 +43,7 @@ bool SetExactMediaBox(const QString &pdfFile, const QSizeF &points)
         bool wide = false, high = false;
         const double width = old.size() == 2 ? old[0].toDouble(&wide) : 0;
         const double height = old.size() == 2 ? old[1].toDouble(&high) : 0;
-        if (!wide || !high || std::abs(width - points.width()) >= 1
-            || std::abs(height - points.height()) >= 1)
+        if (!wide || !high || !SamePaper({width, height}, points))
             continue; // another page's size: left as it is
         const QByteArray exact = numbersOfLength(points, end - numbers);
         if (exact.isEmpty())

@@ -3,7 +3,6 @@
 #include "printing/PaperSizeCodes.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace bravcpl5 {
 
@@ -44,11 +43,6 @@ QPageSize requestedPaper(const ReportPageValues &values, const QList<PaperSizeIn
     return QPageSize(QPageSize::Letter);
 }
 
-bool samePaper(const QSizeF &a, const QSizeF &b)
-{
-    return std::abs(a.width() - b.width()) < 1.0 && std::abs(a.height() - b.height()) < 1.0;
-}
-
 // The queue's own size for the values: the size with that code (a printer's own code,
 // 256 and up, only while the stored width and height still agree with it, as the code may
 // have been chosen on another printer), else the size with the requested dimensions, else
@@ -60,7 +54,7 @@ const CupsPaperSize *queuePaper(const ReportPageValues &values, const CupsQueue 
         return nullptr;
     const QSizeF points = paper.size(QPageSize::Point);
     const CupsPaperSize *size = queue.sizeByCode(values.paperSize);
-    if (size && values.paperSize >= FirstPrinterPaperCode && !samePaper(size->points, points))
+    if (size && values.paperSize >= FirstPrinterPaperCode && !SamePaper(size->points, points))
         size = nullptr;
     if (!size)
         size = queue.sizeByPoints(points);
