@@ -28,13 +28,6 @@
 namespace bravcpl5::test {
 namespace {
 
-template <typename T> T *child(QWidget *dialog, const char *name)
-{
-    T *found = dialog->findChild<T *>(QLatin1String(name));
-    EXPECT_NE(found, nullptr) << name;
-    return found;
-}
-
 // The entries of a list as "text code".
 QStringList entries(const QComboBox *list)
 {

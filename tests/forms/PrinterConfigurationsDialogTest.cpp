@@ -48,13 +48,6 @@ struct RecordingSystemPrinters final : SystemPrinters {
     }
 };
 
-template <typename T> T *child(QWidget *dialog, const char *name)
-{
-    T *found = dialog->findChild<T *>(QLatin1String(name));
-    EXPECT_NE(found, nullptr) << name;
-    return found;
-}
-
 QTreeWidget *grid(QWidget *dialog) { return child<QTreeWidget>(dialog, "rptPrinters"); }
 
 // The rows as "name | printer | file name".
