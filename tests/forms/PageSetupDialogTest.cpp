@@ -302,7 +302,7 @@ TEST_F(PageSetupDialog, WithoutAPrinterToUseItRefusesWithoutShowingItself)
          {QStringLiteral("The printer 'Plotter' is invalid. The default printer will be used."), noDefault},
          {QMessageBox::Warning, QMessageBox::Critical}},
     };
-    const QString file = configure();
+    configure();
     for (const Case &c : cases) {
         SetPrinterInfo(std::make_unique<ListedPrinters>(c.printers, c.defaultPrinter));
         MessageRecorder recorder;

@@ -13,7 +13,6 @@
 #include "support/MessageRecorder.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QLabel>

@@ -9,7 +9,6 @@
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
-#include <QLockFile>
 #include <QProcess>
 #include <QSettings>
 #include <QSysInfo>

@@ -7,7 +7,6 @@
 #include "printing/StoreFixture.h"
 #include "support/FakeReport.h"
 
-#include <QFile>
 #include <QStringEncoder>
 
 namespace bravcpl5::test {
