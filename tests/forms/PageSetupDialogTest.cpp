@@ -8,12 +8,12 @@
 #include "printing/PageSetupPreview.h"
 #include "printing/PrinterConfigurations.h"
 #include "printing/PrinterInfo.h"
-#include "printing/StoreFixture.h"
 #include "support/DialogDriver.h"
 #include "support/ListedPrinters.h"
 #include "support/MessageRecorder.h"
 #include "support/RecordingPreviewSurface.h"
 #include "support/SandboxCups.h"
+#include "support/StoreFixture.h"
 
 #include <QApplication>
 #include <QComboBox>

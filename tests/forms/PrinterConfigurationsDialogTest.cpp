@@ -6,11 +6,11 @@
 #include "library/Xml.h"
 #include "printing/PrinterConfigurations.h"
 #include "printing/PrinterInfo.h"
-#include "printing/StoreFixture.h"
 #include "printing/SystemPrinters.h"
 #include "support/DialogDriver.h"
 #include "support/ListedPrinters.h"
 #include "support/MessageRecorder.h"
+#include "support/StoreFixture.h"
 
 #include <QAction>
 #include <QDir>

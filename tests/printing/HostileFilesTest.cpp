@@ -4,8 +4,8 @@
 
 #include "layout/ReportLayout.h"
 #include "library/Xml.h"
-#include "printing/StoreFixture.h"
 #include "support/FakeReport.h"
+#include "support/StoreFixture.h"
 
 #include <QStringEncoder>
 

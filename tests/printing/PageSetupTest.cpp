@@ -1,9 +1,9 @@
 // Reading and writing the page setup document as the page setup dialog's fields.
 
-#include "StoreFixture.h"
 #include "library/Xml.h"
 #include "printing/PageSetup.h"
 #include "printing/PrinterInfo.h"
+#include "support/StoreFixture.h"
 
 namespace bravcpl5::test {
 namespace {
