@@ -22,22 +22,12 @@ QByteArray configurationOfSize(qint64 size)
     return xml + "  </Fields>\n</Report>\n";
 }
 
-struct Case {
-    const char *name;
-    qint64 size;
-    qint64 roomLeft;
-    bool saved;
-};
-
-void PrintTo(const Case &c, std::ostream *out) { *out << c.name; }
-
-class FullDiskDialog : public ::testing::TestWithParam<Case>
-{
-};
+using test::FullDiskCase;
+using FullDiskDialog = test::FullDiskTest; // `size`: the old configuration's; `fits`: it is saved
 
 TEST_P(FullDiskDialog, FieldsOkKeepsTheOldFileWhole)
 {
-    const Case c = GetParam();
+    const FullDiskCase c = GetParam();
     test::SmallFileSystem fs(256 * 1024);
     REQUIRE_SMALL_FILE_SYSTEM(fs);
     test::TestHost host;
@@ -53,7 +43,7 @@ TEST_P(FullDiskDialog, FieldsOkKeepsTheOldFileWhole)
     });
     EXPECT_TRUE(library.ShowGeneralReportFields(file));
     const QByteArray now = test::readFile(file);
-    if (c.saved)
+    if (c.fits)
         EXPECT_TRUE(now.contains("size=\"3\""));
     else
         EXPECT_EQ(now, old);
@@ -61,11 +51,11 @@ TEST_P(FullDiskDialog, FieldsOkKeepsTheOldFileWhole)
 }
 
 INSTANTIATE_TEST_SUITE_P(Table, FullDiskDialog, ::testing::Values(
-    Case{"ThreeKiB_NoRoom", 3 * 1024, 0, false},
-    Case{"TenKiB_NoRoom", 10 * 1024, 0, false},
-    Case{"TenKiB_SomeRoom", 10 * 1024, 4096, false},
-    Case{"ThreeKiB_RoomEnough", 3 * 1024, 32 * 1024, true}),
-    [](const auto &info) { return std::string(info.param.name); });
+    FullDiskCase{"ThreeKiB_NoRoom", 3 * 1024, 0, false},
+    FullDiskCase{"TenKiB_NoRoom", 10 * 1024, 0, false},
+    FullDiskCase{"TenKiB_SomeRoom", 10 * 1024, 4096, false},
+    FullDiskCase{"ThreeKiB_RoomEnough", 3 * 1024, 32 * 1024, true}),
+    test::FullDiskCaseName);
 
 } // namespace
 } // namespace bravcpl5

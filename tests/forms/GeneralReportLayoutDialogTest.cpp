@@ -19,6 +19,8 @@
 namespace bravcpl5 {
 namespace {
 
+using test::child;
+
 const QByteArray systemLayout = R"(<?xml version="1.0"?>
 <Definition>
   <Report><PrinterConfiguration enabled="1" configuration="Retired Labels"/></Report>
@@ -44,12 +46,6 @@ struct LayoutDialog : ::testing::Test {
     }
     ~LayoutDialog() override { library.PreTerminate(); }
 
-    template <typename T> static T *child(QWidget *dialog, const char *name)
-    {
-        T *found = dialog->findChild<T *>(QLatin1String(name));
-        EXPECT_NE(found, nullptr) << name;
-        return found;
-    }
     // Runs `action` in the dialog, then leaves it the way `close` says.
     bool run(const QString &layoutFile, std::function<void(QWidget *)> action,
              std::function<void(QWidget *)> close = [](QWidget *d) { child<QPushButton>(d, "cmdOK")->click(); })

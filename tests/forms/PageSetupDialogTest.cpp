@@ -8,11 +8,12 @@
 #include "printing/PageSetupPreview.h"
 #include "printing/PrinterConfigurations.h"
 #include "printing/PrinterInfo.h"
-#include "printing/StoreFixture.h"
 #include "support/DialogDriver.h"
+#include "support/ListedPrinters.h"
 #include "support/MessageRecorder.h"
 #include "support/RecordingPreviewSurface.h"
 #include "support/SandboxCups.h"
+#include "support/StoreFixture.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -27,13 +28,6 @@
 
 namespace bravcpl5::test {
 namespace {
-
-template <typename T> T *child(QWidget *dialog, const char *name)
-{
-    T *found = dialog->findChild<T *>(QLatin1String(name));
-    EXPECT_NE(found, nullptr) << name;
-    return found;
-}
 
 // The entries of a list as "text code".
 QStringList entries(const QComboBox *list)
@@ -285,18 +279,6 @@ TEST_F(SandboxPageSetupDialog, PreviewsFollowTheFieldsAndTurnForLandscape)
     });
 }
 
-// A printer information with the given printers and default, no sizes or bins.
-struct Printers final : PrinterInfo {
-    QStringList names;
-    QString defaultName;
-    QStringList printerNames() const override { return names; }
-    QString defaultPrinterName() const override { return defaultName; }
-    QList<PaperSizeInfo> paperSizes(const QString &) const override { return {}; }
-    QList<PaperBinInfo> paperBins(const QString &) const override { return {}; }
-    int currentPaperSize(const QString &) const override { return 0; }
-    int currentPaperBin(const QString &) const override { return 0; }
-};
-
 TEST_F(PageSetupDialog, WithoutAPrinterToUseItRefusesWithoutShowingItself)
 {
     struct Case {
@@ -320,12 +302,9 @@ TEST_F(PageSetupDialog, WithoutAPrinterToUseItRefusesWithoutShowingItself)
          {QStringLiteral("The printer 'Plotter' is invalid. The default printer will be used."), noDefault},
          {QMessageBox::Warning, QMessageBox::Critical}},
     };
-    const QString file = configure();
+    configure();
     for (const Case &c : cases) {
-        auto printers = std::make_unique<Printers>();
-        printers->names = c.printers;
-        printers->defaultName = c.defaultPrinter;
-        SetPrinterInfo(std::move(printers));
+        SetPrinterInfo(std::make_unique<ListedPrinters>(c.printers, c.defaultPrinter));
         MessageRecorder recorder;
         EXPECT_FALSE(store->ShowPageSetup(QStringLiteral("Invoice"), c.given));
         EXPECT_EQ(recorder.texts(), c.expected);
@@ -338,10 +317,7 @@ TEST_F(PageSetupDialog, WithoutAPrinterToUseItRefusesWithoutShowingItself)
 
 TEST_F(PageSetupDialog, WithoutSizesOrBinsOffersCustomAndNoSource)
 {
-    auto printers = std::make_unique<Printers>();
-    printers->names = {QStringLiteral("Bare")};
-    printers->defaultName = QStringLiteral("Bare");
-    SetPrinterInfo(std::move(printers));
+    SetPrinterInfo(std::make_unique<ListedPrinters>(QStringList{"Bare"}, QStringLiteral("Bare")));
     const QString file = configure("<PaperSize>1</PaperSize><PaperWidth>3</PaperWidth>");
     EXPECT_TRUE(run({}, [&](QWidget *d) {
         // The stored code is not offered: the first entry, a custom size with the stored width.

@@ -6,13 +6,13 @@
 #include "library/Xml.h"
 #include "printing/PrinterConfigurations.h"
 #include "printing/PrinterInfo.h"
-#include "printing/StoreFixture.h"
 #include "printing/SystemPrinters.h"
 #include "support/DialogDriver.h"
+#include "support/ListedPrinters.h"
 #include "support/MessageRecorder.h"
+#include "support/StoreFixture.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QLabel>
@@ -22,15 +22,6 @@
 
 namespace bravcpl5::test {
 namespace {
-
-struct Printers final : PrinterInfo {
-    QStringList printerNames() const override { return {"Office-Laser", "Label-Printer", "Plotter"}; }
-    QString defaultPrinterName() const override { return QStringLiteral("Office-Laser"); }
-    QList<PaperSizeInfo> paperSizes(const QString &) const override { return {}; }
-    QList<PaperBinInfo> paperBins(const QString &) const override { return {}; }
-    int currentPaperSize(const QString &) const override { return 0; }
-    int currentPaperBin(const QString &) const override { return 0; }
-};
 
 // Records what the dialog asked the system to open; `failure` is what it then reports.
 struct RecordingSystemPrinters final : SystemPrinters {
@@ -47,13 +38,6 @@ struct RecordingSystemPrinters final : SystemPrinters {
         return failure;
     }
 };
-
-template <typename T> T *child(QWidget *dialog, const char *name)
-{
-    T *found = dialog->findChild<T *>(QLatin1String(name));
-    EXPECT_NE(found, nullptr) << name;
-    return found;
-}
 
 QTreeWidget *grid(QWidget *dialog) { return child<QTreeWidget>(dialog, "rptPrinters"); }
 
@@ -92,7 +76,8 @@ protected:
     void SetUp() override
     {
         StoreFixture::SetUp();
-        SetPrinterInfo(std::make_unique<Printers>());
+        SetPrinterInfo(std::make_unique<ListedPrinters>(
+            QStringList{"Office-Laser", "Label-Printer", "Plotter"}, QStringLiteral("Office-Laser")));
         auto system = std::make_unique<RecordingSystemPrinters>();
         system->opened = &opened;
         systemPrinters = system.get();

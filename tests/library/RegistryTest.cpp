@@ -9,7 +9,6 @@
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
-#include <QLockFile>
 #include <QProcess>
 #include <QSettings>
 #include <QSysInfo>
@@ -244,42 +243,33 @@ TEST_F(RegistryFileTest, AStaleLockDelaysAWriteBySecondsAtMost)
     EXPECT_EQ(get(printers, QStringLiteral("Letter")), "Office-Laser");
 }
 
-struct FullRegistryCase {
-    const char *name;
-    int earlier;
-    qint64 roomLeft;
-};
-
-void PrintTo(const FullRegistryCase &c, std::ostream *out) { *out << c.name; }
-
-class FullRegistry : public ::testing::TestWithParam<FullRegistryCase>
-{
-};
+using test::FullDiskCase;
+using FullRegistry = test::FullDiskTest; // `size`: how many values are written first
 
 // A full disk, or one with a little room, never costs an earlier assignment.
 TEST_P(FullRegistry, AWriteOnAFullDiskKeepsEveryEarlierValue)
 {
-    const FullRegistryCase c = GetParam();
+    const FullDiskCase c = GetParam();
     test::SmallFileSystem fs(512 * 1024);
     REQUIRE_SMALL_FILE_SYSTEM(fs);
     const QString previous = RegistryFile();
     SetRegistryFile(fs.filePath(QStringLiteral("HKEY_CURRENT_USER.ini")));
-    for (int i = 0; i < c.earlier; ++i)
+    for (int i = 0; i < c.size; ++i)
         ASSERT_TRUE(set(printers, QStringLiteral("Configuration %1").arg(i), QStringLiteral("Printer %1").arg(i)));
     const QByteArray before = test::readFile(RegistryFile());
     fs.fill(c.roomLeft);
 
     EXPECT_FALSE(set(printers, QStringLiteral("One more"), QString(8000, QLatin1Char('x'))));
     EXPECT_EQ(test::readFile(RegistryFile()), before);
-    for (int i = 0; i < c.earlier; ++i)
+    for (int i = 0; i < c.size; ++i)
         EXPECT_EQ(get(printers, QStringLiteral("CONFIGURATION %1").arg(i)), QStringLiteral("Printer %1").arg(i));
     SetRegistryFile(previous);
 }
 
 INSTANTIATE_TEST_SUITE_P(Table, FullRegistry, ::testing::Values(
-    FullRegistryCase{"Fifty_NoRoom", 50, 0},
-    FullRegistryCase{"HundredTwenty_SomeRoom", 120, 4096}),
-    [](const auto &info) { return std::string(info.param.name); });
+    FullDiskCase{"Fifty_NoRoom", 50, 0, false},
+    FullDiskCase{"HundredTwenty_SomeRoom", 120, 4096, false}),
+    test::FullDiskCaseName);
 
 } // namespace
 } // namespace bravcpl5

@@ -24,18 +24,8 @@ QStringList entries(const QString &folder)
     return QDir(folder).entryList(QDir::Files | QDir::Hidden | QDir::NoDotAndDotDot);
 }
 
-struct FullDiskCase {
-    const char *name;
-    qint64 newSize;
-    qint64 roomLeft;
-    bool fits;
-};
-
-void PrintTo(const FullDiskCase &c, std::ostream *out) { *out << c.name; }
-
-class FullDisk : public ::testing::TestWithParam<FullDiskCase>
-{
-};
+using test::FullDiskCase;
+using FullDisk = test::FullDiskTest; // `size`: the new document's
 
 // A document smaller than Qt's write buffer reaches the disk only at commit; a larger one
 // fails during the writes; a little room left lets part of it through. None of them may
@@ -50,7 +40,7 @@ TEST_P(FullDisk, ASaveThatDoesNotFitLeavesTheOldFileWhole)
     ASSERT_TRUE(WriteWholeFile(path, old));
     fs.fill(c.roomLeft);
 
-    const QByteArray replacement = document(c.newSize, 'n');
+    const QByteArray replacement = document(c.size, 'n');
     EXPECT_EQ(WriteWholeFile(path, replacement), c.fits);
     EXPECT_EQ(test::readFile(path), c.fits ? replacement : old);
     EXPECT_EQ(entries(QFileInfo(path).path()), QStringList({"filler", "Orders.rpx"}));
@@ -63,7 +53,7 @@ INSTANTIATE_TEST_SUITE_P(Table, FullDisk, ::testing::Values(
     FullDiskCase{"Medium_SomeRoom", 10 * 1024, 4096, false},
     FullDiskCase{"Large_SomeRoom", 200 * 1024, 8192, false},
     FullDiskCase{"Small_RoomEnough", 3 * 1024, 16 * 1024, true}),
-    [](const auto &info) { return std::string(info.param.name); });
+    test::FullDiskCaseName);
 
 // A folder where users may change files but not create them: the save goes in place.
 TEST(WholeFile, WritesInPlaceWhereTheFolderTakesNoNewFiles)

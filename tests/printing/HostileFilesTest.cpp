@@ -4,26 +4,18 @@
 
 #include "layout/ReportLayout.h"
 #include "library/Xml.h"
-#include "printing/StoreFixture.h"
 #include "support/FakeReport.h"
+#include "support/StoreFixture.h"
 
-#include <QFile>
 #include <QStringEncoder>
 
 namespace bravcpl5::test {
 namespace {
 
-// `levels` nested elements holding `inner`, inside `outer`'s "<!>".
+// `levels` nested elements holding `inner`.
 QByteArray nested(int levels, const QByteArray &inner)
 {
-    QByteArray text;
-    text.reserve(levels * 8 + inner.size());
-    for (int i = 0; i < levels; ++i)
-        text += "<a>";
-    text += inner;
-    for (int i = 0; i < levels; ++i)
-        text += "</a>";
-    return text;
+    return QByteArray("<a>").repeated(levels) + inner + QByteArray("</a>").repeated(levels);
 }
 
 class HostileFiles : public StoreFixture, public ::testing::WithParamInterface<int>
@@ -59,9 +51,7 @@ INSTANTIATE_TEST_SUITE_P(Levels, HostileFiles, ::testing::Values(65, 52000, 1000
 TEST_F(StoreFixture, DocumentsUpToSixtyFourLevelsLoadAndSaveAtAboutTheirOwnSize)
 {
     // 64 levels with many small elements: what a save adds stays a small factor.
-    QByteArray body;
-    for (int i = 0; i < 2000; ++i)
-        body += "<b/>";
+    const QByteArray body = QByteArray("<b/>").repeated(2000);
     const QByteArray text = "<R>" + nested(61, "<c>" + body + "</c>") + "</R>"; // b is level 64
     const XmlDocumentPtr document = LoadXmlText(QString::fromUtf8(text));
     ASSERT_TRUE(document) << LastXmlError().toStdString();

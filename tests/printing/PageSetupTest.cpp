@@ -1,9 +1,9 @@
 // Reading and writing the page setup document as the page setup dialog's fields.
 
-#include "StoreFixture.h"
 #include "library/Xml.h"
 #include "printing/PageSetup.h"
 #include "printing/PrinterInfo.h"
+#include "support/StoreFixture.h"
 
 namespace bravcpl5::test {
 namespace {
@@ -43,9 +43,14 @@ protected:
     {
         return host.writeUserFile(QStringLiteral("Invoice.pcx"), configurationXml(pageSetup));
     }
+    // The configuration's file, found by name as the library finds it.
+    QString fileOf(const QString &name = QStringLiteral("Invoice")) const
+    {
+        return store->GetPrinterConfigurationFileFromName(name);
+    }
     PageSetup read(const PageSetupChoices &choices = officeLaser, PageSetup fields = {})
     {
-        EXPECT_TRUE(ReadPageSetup(store->GetPrinterConfigurationFileFromName(QStringLiteral("Invoice")), choices, fields));
+        EXPECT_TRUE(ReadPageSetup(fileOf(), choices, fields));
         return fields;
     }
     // The elements' texts in the saved file.
@@ -135,7 +140,7 @@ TEST_F(PageSetupTest, TextsAreShownAsStoredAndWrittenAsSingles)
     EXPECT_TRUE(f.landscape);
     EXPECT_TRUE(f.mirrorMargins);
     f.columnsPerSheet = QStringLiteral("2.6");
-    ASSERT_TRUE(WritePageSetup(store->GetPrinterConfigurationFileFromName(QStringLiteral("Invoice")), f));
+    ASSERT_TRUE(WritePageSetup(fileOf(), f));
 
     // ColumnsPerSheet: the nearest, halves to even.
     EXPECT_EQ(stored(path, {"TopMargin", "Orientation", "MirrorMargins", "ColumnsPerSheet", "HorizontalGap",
@@ -153,7 +158,7 @@ TEST_F(PageSetupTest, WhatCannotBeConvertedLeavesTheElementAsItWas)
     f.columnsPerSheet = QStringLiteral("40000"); // beyond a 16-bit integer
     f.paperSize.reset();
     f.topMargin = QStringLiteral("100"); // typed values are not range-checked
-    ASSERT_TRUE(WritePageSetup(store->GetPrinterConfigurationFileFromName(QStringLiteral("Invoice")), f));
+    ASSERT_TRUE(WritePageSetup(fileOf(), f));
 
     EXPECT_EQ(stored(path, {"PaperWidth", "Gutter", "ColumnsPerSheet", "PaperSize", "TopMargin"}),
               QStringList({"4", "0.25", "2", "5", "100"}));
@@ -163,7 +168,7 @@ TEST_F(PageSetupTest, WhatIsWrittenReadsBackTheSame)
 {
     configure("");
     const PageSetup f{"0.5", "0.75", "0.25", "1.5", "0.125", true, true, 256, "4", "6", 4, "3", 1, "0.1", "0.2", "2.625", "1"};
-    ASSERT_TRUE(WritePageSetup(store->GetPrinterConfigurationFileFromName(QStringLiteral("Invoice")), f));
+    ASSERT_TRUE(WritePageSetup(fileOf(), f));
 
     EXPECT_TRUE(read() == f);
 }
@@ -173,11 +178,11 @@ TEST_F(PageSetupTest, WithoutAPageSetupElementNothingIsReadOrWritten)
     const QString path = host.writeUserFile(QStringLiteral("Invoice.pcx"), "<PrinterConfiguration/>");
     PageSetup f;
     f.topMargin = QStringLiteral("untouched");
-    EXPECT_FALSE(ReadPageSetup(store->GetPrinterConfigurationFileFromName(QStringLiteral("Invoice")), officeLaser, f));
+    EXPECT_FALSE(ReadPageSetup(fileOf(), officeLaser, f));
     EXPECT_EQ(f.topMargin, "untouched");
-    EXPECT_FALSE(WritePageSetup(store->GetPrinterConfigurationFileFromName(QStringLiteral("Invoice")), f));
+    EXPECT_FALSE(WritePageSetup(fileOf(), f));
     EXPECT_EQ(readFile(path), "<PrinterConfiguration/>");
-    EXPECT_FALSE(ReadPageSetup(store->GetPrinterConfigurationFileFromName(QStringLiteral("Missing")), officeLaser, f));
+    EXPECT_FALSE(ReadPageSetup(fileOf(QStringLiteral("Missing")), officeLaser, f));
     EXPECT_FALSE(WritePageSetup(QString(), f));
 }
 

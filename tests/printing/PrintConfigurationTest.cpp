@@ -2,9 +2,9 @@
 // to the reference report, which prints to a PDF and through the sandboxed cupsd; and
 // where the reference report's pages put what is drawn, seen on the rendered PDF.
 
-#include "StoreFixture.h"
 #include "report/ReferenceReport.h"
 #include "support/SandboxCups.h"
+#include "support/StoreFixture.h"
 
 #include <QImage>
 #include <QPainter>

@@ -1,9 +1,9 @@
 // Which printer a configuration prints to, as the user names it: in any case, replaced
 // rather than doubled, and kept whole when the disk is full.
 
-#include "StoreFixture.h"
 #include "support/FakeReport.h"
 #include "support/SmallFileSystem.h"
+#include "support/StoreFixture.h"
 
 namespace bravcpl5::test {
 namespace {

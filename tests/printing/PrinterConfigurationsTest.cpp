@@ -1,9 +1,9 @@
 // The printer configuration store: listing, lookup, system flag, printer mapping and the
 // checks that speak to the user.
 
-#include "StoreFixture.h"
 #include "library/LateBinding.h"
 #include "support/MessageRecorder.h"
+#include "support/StoreFixture.h"
 
 #include <QFileInfo>
 

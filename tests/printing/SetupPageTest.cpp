@@ -1,7 +1,7 @@
 // Applying a configuration's page setup to a report object.
 
-#include "StoreFixture.h"
 #include "support/FakeReport.h"
+#include "support/StoreFixture.h"
 
 #include <QSize>
 

@@ -9,13 +9,22 @@
 
 #include <QString>
 #include <QStringList>
+#include <QWidget>
 #include <functional>
+#include <gtest/gtest.h>
 #include <utility>
 
 class QAbstractItemView;
-class QWidget;
 
 namespace bravcpl5::test {
+
+// The child of `dialog` named `name`; a missing one fails the test.
+template <typename T> T *child(QWidget *dialog, const char *name)
+{
+    T *found = dialog->findChild<T *>(QLatin1String(name));
+    EXPECT_NE(found, nullptr) << name;
+    return found;
+}
 
 // Runs `action` once a modal window named `name` is the active modal widget and has
 // finished its first activation. Fails the test (and closes whatever is modal) when it

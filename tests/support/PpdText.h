@@ -7,7 +7,6 @@
 #include <QList>
 #include <QSizeF>
 #include <QString>
-#include <QStringList>
 
 namespace bravcpl5::test {
 

@@ -8,6 +8,9 @@
 
 #include <QString>
 #include <QTemporaryDir>
+#include <gtest/gtest.h>
+#include <ostream>
+#include <string>
 
 namespace bravcpl5::test {
 
@@ -42,6 +45,23 @@ private:
     bool m_mounted = false;
     QString m_reason;
 };
+
+// One row of a full-disk table: how much the test writes (bytes, or values, as the test
+// says), the room the filler leaves, and whether the write fits.
+struct FullDiskCase {
+    const char *name;
+    qint64 size;
+    qint64 roomLeft;
+    bool fits;
+};
+
+inline void PrintTo(const FullDiskCase &c, std::ostream *out) { *out << c.name; }
+inline std::string FullDiskCaseName(const ::testing::TestParamInfo<FullDiskCase> &info)
+{
+    return info.param.name;
+}
+
+using FullDiskTest = ::testing::TestWithParam<FullDiskCase>;
 
 } // namespace bravcpl5::test
 

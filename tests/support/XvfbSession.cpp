@@ -95,13 +95,12 @@ QByteArray readAll(int fd, int timeoutMs, bool untilNewline)
 }
 
 // Runs a short-lived program to its end (five seconds at most) and returns its output.
-QByteArray runToEnd(const QStringList &program,
-                    const QStringList &environment = environmentWith({}))
+QByteArray runToEnd(const QStringList &program)
 {
     int pipeFds[2];
     if (pipe2(pipeFds, O_CLOEXEC) != 0)
         return {};
-    const pid_t pid = spawn(program, environment, pipeFds[1]);
+    const pid_t pid = spawn(program, environmentWith({}), pipeFds[1]);
     close(pipeFds[1]);
     const QByteArray output = pid ? readAll(pipeFds[0], 5000, false) : QByteArray();
     close(pipeFds[0]);
@@ -225,7 +224,6 @@ X11WindowFacts QueryX11Window(unsigned long windowId)
                   QStringLiteral("-display"), session->display(), QStringLiteral("-id"),
                   QString::number(windowId)}));
     X11WindowFacts facts;
-    facts.valid = text.contains(QLatin1String("Absolute upper-left X"));
     facts.x = field(text, R"(Absolute upper-left X:\s*(-?\d+))");
     facts.y = field(text, R"(Absolute upper-left Y:\s*(-?\d+))");
     facts.width = field(text, R"(\n\s*Width:\s*(\d+))");

@@ -45,7 +45,6 @@ private:
 // What xwininfo, an X client of its own, reports of a top-level window: its client area in
 // root coordinates and the frame extents its window manager set (all zero without one).
 struct X11WindowFacts {
-    bool valid = false;
     int x = 0, y = 0, width = 0, height = 0;
     int frameLeft = 0, frameRight = 0, frameTop = 0, frameBottom = 0;
 };
