@@ -15,6 +15,12 @@ struct Step {
     const char *expected;
 };
 
+// Names the case in test listings (by default they would show the struct's raw bytes).
+void PrintTo(const Step &s, std::ostream *os)
+{
+    *os << LimitsOf(s.field).name << " \"" << s.text << (s.direction > 0 ? "\" up" : "\" down");
+}
+
 class SpinnerTest : public ::testing::TestWithParam<Step>
 {
 };

@@ -8,6 +8,7 @@
 #include "forms/frmCustomDateRange.h"
 #include "library/Library.h"
 #include "library/Registry.h"
+#include "library/Units.h"
 #include "support/DialogDriver.h"
 #include "support/TestHost.h"
 #include "support/TestOutput.h"
@@ -79,7 +80,7 @@ void waitUntilFramed(QWidget *window)
 QString recordOf(const QRect &frame, int dpiX, int dpiY)
 {
     const auto twips = [](int pixels, int dpi) {
-        return QString::number(qRound(pixels * 1440.0 / dpi));
+        return QString::number(qRound(pixels * TwipsPerInch / dpi));
     };
     return QStringList{twips(frame.y(), dpiY), twips(frame.x(), dpiX), twips(frame.width(), dpiX),
                        twips(frame.height(), dpiY)}
