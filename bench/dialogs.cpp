@@ -21,9 +21,9 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QFileInfo>
-#include <QPushButton>
 #include <QListView>
 #include <QLocale>
+#include <QPushButton>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
@@ -36,10 +36,11 @@ using namespace bravcpl5;
 
 QByteArray configurationWithFilters(int count)
 {
-    static const char *const types[] = {"daterange", "vendor", "manufacturer", "boolean",
-                                        "productsource", "producttype", "", "product"};
+    static const char *const types[] = {"daterange", "vendor",        "manufacturer",
+                                        "boolean",   "productsource", "producttype",
+                                        "",          "product"};
     static const char *const values[] = {"Last Week", "[1stvendor]", "Alpha Blinds", "yes",
-                                         "stock", "Shutters", "some text", ""};
+                                         "stock",     "Shutters",    "some text",    ""};
     QByteArray xml = "<?xml version=\"1.0\"?>\n<Report><Filters>\n";
     for (int i = 0; i < count; ++i) {
         const int kind = i % 8;
@@ -159,11 +160,12 @@ QByteArray configurationWithFieldsAndFilters(int count)
 {
     QByteArray xml = "<?xml version=\"1.0\"?>\n<Report><Fields>\n";
     for (int i = 0; i < count; ++i)
-        xml += "<Field" + QByteArray::number(i) + " label=\"Field " + QByteArray::number(i) + "\" size=\"1.5\"/>\n";
+        xml += "<Field" + QByteArray::number(i) + " label=\"Field " + QByteArray::number(i)
+               + "\" size=\"1.5\"/>\n";
     xml += "</Fields><Filters>\n";
     for (int i = 0; i < count; ++i)
-        xml += "<Filter" + QByteArray::number(i) + " label=\"Filter " + QByteArray::number(i) +
-               "\" type=\"\" value=\"text " + QByteArray::number(i) + "\"/>\n";
+        xml += "<Filter" + QByteArray::number(i) + " label=\"Filter " + QByteArray::number(i)
+               + "\" type=\"\" value=\"text " + QByteArray::number(i) + "\"/>\n";
     return xml + "</Filters></Report>\n";
 }
 
@@ -171,8 +173,8 @@ QByteArray configurationWithFieldsAndFilters(int count)
 template <typename Form> void okOnLargeConfiguration(benchmark::State &state, const char *grid)
 {
     Setting setting(0, 0);
-    const QString file = setting.host.writeSystemFile(QStringLiteral("Huge.rpx"),
-                                                      configurationWithFieldsAndFilters(int(state.range(0))));
+    const QString file = setting.host.writeSystemFile(
+        QStringLiteral("Huge.rpx"), configurationWithFieldsAndFilters(int(state.range(0))));
     const qint64 loadedSize = QFileInfo(file).size();
     for (auto _ : state) {
         state.PauseTiming();
@@ -186,10 +188,16 @@ template <typename Form> void okOnLargeConfiguration(benchmark::State &state, co
     state.counters["saved/loaded"] = double(QFileInfo(file).size()) / double(loadedSize);
 }
 
-void BM_OkOnFields(benchmark::State &state) { okOnLargeConfiguration<frmGeneralReportFields>(state, "rptItems"); }
+void BM_OkOnFields(benchmark::State &state)
+{
+    okOnLargeConfiguration<frmGeneralReportFields>(state, "rptItems");
+}
 BENCHMARK(BM_OkOnFields)->Arg(16000)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(3);
 
-void BM_OkOnFilters(benchmark::State &state) { okOnLargeConfiguration<frmGeneralReportFilters>(state, "rptItems"); }
+void BM_OkOnFilters(benchmark::State &state)
+{
+    okOnLargeConfiguration<frmGeneralReportFilters>(state, "rptItems");
+}
 BENCHMARK(BM_OkOnFilters)->Arg(16000)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(3);
 
 // A settings tree with `count` configurations, half shared and half the user's, each with
@@ -202,9 +210,9 @@ struct Configurations {
         for (int i = 0; i < count; ++i) {
             const QString name = QStringLiteral("Configuration %1").arg(i, 4, 10, QLatin1Char('0'));
             const bool shared = i % 2 == 0;
-            const QByteArray xml = "<PrinterConfiguration><Identification><System>" +
-                                   QByteArray(shared ? "1" : "0") +
-                                   "</System></Identification><PageSetup/></PrinterConfiguration>";
+            const QByteArray xml =
+                "<PrinterConfiguration><Identification><System>" + QByteArray(shared ? "1" : "0")
+                + "</System></Identification><PageSetup/></PrinterConfiguration>";
             shared ? host.writeSystemFile(name + QStringLiteral(".pcx"), xml)
                    : host.writeUserFile(name + QStringLiteral(".pcx"), xml);
             store->SetPrinterForConfiguration(name, QStringLiteral("Printer %1").arg(i % 7));
@@ -245,7 +253,8 @@ void BM_RenameConfiguration(benchmark::State &state)
         // A user configuration, renamed back and forth.
         QTreeWidgetItem *item = grid->topLevelItem(1);
         const QString name = item->text(0);
-        item->setText(0, name.endsWith(QLatin1Char('x')) ? name.chopped(1) : name + QLatin1Char('x'));
+        item->setText(0,
+                      name.endsWith(QLatin1Char('x')) ? name.chopped(1) : name + QLatin1Char('x'));
         benchmark::DoNotOptimize(grid->topLevelItemCount());
         ++round;
     }

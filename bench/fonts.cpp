@@ -2,12 +2,12 @@
 // side with evaluating the XPath on every call, over the default fonts of both families.
 
 #include "layout/FontTypes.h"
-#include "report/ReportField.h"
 #include "layout/ReportLayout.h"
 #include "library/LateBinding.h"
 #include "library/Library.h"
 #include "library/ValueRules.h"
 #include "library/Xml.h"
+#include "report/ReportField.h"
 #include "support/TestHost.h"
 
 #include <QCoreApplication>
@@ -23,10 +23,17 @@ QByteArray fontsDocument(const char *family, std::int16_t reportType)
 {
     QByteArray xml = QByteArray("<?xml version=\"1.0\"?>\n<ReportFonts><") + family + '>';
     for (const FontDefinition &f : DefaultFonts(reportType)) {
-        xml += QStringLiteral("<Font type=\"%1\" name=\"%2\" bold=\"%3\" italic=\"%4\" underline=\"%5\" "
-                              "strikeout=\"%6\" size=\"%7\" color=\"%8\"/>")
-                   .arg(f.type).arg(f.name).arg(int(f.bold)).arg(int(f.italic)).arg(int(f.underline))
-                   .arg(int(f.strikeout)).arg(values::singleToText(f.size)).arg(f.color)
+        xml += QStringLiteral(
+                   "<Font type=\"%1\" name=\"%2\" bold=\"%3\" italic=\"%4\" underline=\"%5\" "
+                   "strikeout=\"%6\" size=\"%7\" color=\"%8\"/>")
+                   .arg(f.type)
+                   .arg(f.name)
+                   .arg(int(f.bold))
+                   .arg(int(f.italic))
+                   .arg(int(f.underline))
+                   .arg(int(f.strikeout))
+                   .arg(values::singleToText(f.size))
+                   .arg(f.color)
                    .toUtf8();
     }
     return xml + "</" + family + "></ReportFonts>";
@@ -40,8 +47,10 @@ struct Setup {
 
     Setup()
     {
-        host.writeSystemFile(QStringLiteral("General Report Fonts.fox"), fontsDocument("GeneralReports", generalReports));
-        host.writeSystemFile(QStringLiteral("Process Report Fonts.fox"), fontsDocument("ProcessReports", processReports));
+        host.writeSystemFile(QStringLiteral("General Report Fonts.fox"),
+                             fontsDocument("GeneralReports", generalReports));
+        host.writeSystemFile(QStringLiteral("Process Report Fonts.fox"),
+                             fontsDocument("ProcessReports", processReports));
         library.Initialize(&host);
         layout = library.reportLayout();
         general = layout->generalReportFontsDocument(false);
@@ -61,23 +70,31 @@ std::int16_t nextType(std::int16_t &i) { return i = std::int16_t(i % 14 + 1); }
 float heightByXPath(const pugi::xml_document &document, std::int16_t fieldType)
 {
     const pugi::xml_node font =
-        SelectSingleNode(document, QStringLiteral("//ReportFonts/GeneralReports/Font[@type = '%1']").arg(fieldType)).node();
+        SelectSingleNode(
+            document,
+            QStringLiteral("//ReportFonts/GeneralReports/Font[@type = '%1']").arg(fieldType))
+            .node();
     if (!font)
         return 242;
-    const auto size = values::textToSingle(GetXmlAttribute(font, QStringLiteral("size"), QStringLiteral("10")));
+    const auto size = values::textToSingle(
+        GetXmlAttribute(font, QStringLiteral("size"), QStringLiteral("10")));
     return size ? *size * 22 + 22 : 242;
 }
 
 void applyByXPath(const pugi::xml_document &document, QObject *control, std::int16_t fieldType)
 {
-    for (const pugi::xpath_node &selected : document.select_nodes("//ReportFonts/GeneralReports/Font")) {
+    for (const pugi::xpath_node &selected :
+         document.select_nodes("//ReportFonts/GeneralReports/Font")) {
         const pugi::xml_node node = selected.node();
-        if (values::textToInt16(GetXmlAttribute(node, QStringLiteral("type"), QStringLiteral("0"))) != fieldType)
+        if (values::textToInt16(GetXmlAttribute(node, QStringLiteral("type"), QStringLiteral("0")))
+            != fieldType)
             continue;
         auto attribute = [&](const char *name, const char *fallback) {
             return GetXmlAttribute(node, QString::fromLatin1(name), QString::fromLatin1(fallback));
         };
-        auto flag = [&](const char *name) { return QVariant(values::leadingNumber(attribute(name, "0")) != 0); };
+        auto flag = [&](const char *name) {
+            return QVariant(values::leadingNumber(attribute(name, "0")) != 0);
+        };
         QObject *font = late::object(control, "Font");
         late::set(font, "Name", attribute("name", "Arial"));
         late::set(font, "Bold", flag("bold"));

@@ -33,33 +33,43 @@ const QString manySizesPrinter = QStringLiteral("Bench-40-Sizes");
 // A PPD with 40 paper sizes (the first ten standard, the rest labels) and 8 input slots.
 QByteArray manySizesPpd()
 {
-    QByteArray ppd = "*PPD-Adobe: \"4.3\"\n*FormatVersion: \"4.3\"\n*FileVersion: \"1.0\"\n"
-                     "*LanguageVersion: English\n*LanguageEncoding: ISOLatin1\n*PCFileName: \"BENCH.PPD\"\n"
-                     "*Manufacturer: \"Test\"\n*Product: \"(Bench)\"\n*ModelName: \"Bench\"\n"
-                     "*ShortNickName: \"Bench\"\n*NickName: \"Bench\"\n*PSVersion: \"(3010.000) 0\"\n"
-                     "*LanguageLevel: \"3\"\n*ColorDevice: False\n*DefaultColorSpace: Gray\n"
-                     "*cupsFilter2: \"application/pdf application/pdf 0 gziptoany\"\n";
+    QByteArray ppd =
+        "*PPD-Adobe: \"4.3\"\n*FormatVersion: \"4.3\"\n*FileVersion: \"1.0\"\n"
+        "*LanguageVersion: English\n*LanguageEncoding: ISOLatin1\n*PCFileName: \"BENCH.PPD\"\n"
+        "*Manufacturer: \"Test\"\n*Product: \"(Bench)\"\n*ModelName: \"Bench\"\n"
+        "*ShortNickName: \"Bench\"\n*NickName: \"Bench\"\n*PSVersion: \"(3010.000) 0\"\n"
+        "*LanguageLevel: \"3\"\n*ColorDevice: False\n*DefaultColorSpace: Gray\n"
+        "*cupsFilter2: \"application/pdf application/pdf 0 gziptoany\"\n";
     struct Size {
         QByteArray keyword, name;
         int width, height;
     };
-    QList<Size> sizes = {{"Letter", "Letter", 612, 792},     {"Legal", "Legal", 612, 1008},
-                         {"A4", "A4", 595, 842},             {"A5", "A5", 420, 595},
-                         {"A3", "A3", 842, 1191},            {"B5", "B5", 516, 729},
-                         {"Executive", "Executive", 522, 756}, {"Tabloid", "Tabloid", 792, 1224},
-                         {"Env10", "Envelope #10", 297, 684}, {"EnvDL", "Envelope DL", 312, 624}};
+    QList<Size> sizes = {{"Letter", "Letter", 612, 792},
+                         {"Legal", "Legal", 612, 1008},
+                         {"A4", "A4", 595, 842},
+                         {"A5", "A5", 420, 595},
+                         {"A3", "A3", 842, 1191},
+                         {"B5", "B5", 516, 729},
+                         {"Executive", "Executive", 522, 756},
+                         {"Tabloid", "Tabloid", 792, 1224},
+                         {"Env10", "Envelope #10", 297, 684},
+                         {"EnvDL", "Envelope DL", 312, 624}};
     for (int i = 0; sizes.size() < 40; ++i) {
         const int width = 72 + 18 * (i % 10), height = 36 + 27 * (i / 10);
-        sizes.append({"Label" + QByteArray::number(i), "Label " + QByteArray::number(i + 1), width, height});
+        sizes.append(
+            {"Label" + QByteArray::number(i), "Label " + QByteArray::number(i + 1), width, height});
     }
     ppd += "*OpenUI *PageSize/Media Size: PickOne\n*DefaultPageSize: Letter\n";
     for (const Size &s : sizes)
-        ppd += "*PageSize " + s.keyword + "/" + s.name + ": \"<</PageSize[" + QByteArray::number(s.width) + " " +
-               QByteArray::number(s.height) + "]>>setpagedevice\"\n";
-    ppd += "*CloseUI: *PageSize\n*OpenUI *PageRegion/Media Size: PickOne\n*DefaultPageRegion: Letter\n";
+        ppd += "*PageSize " + s.keyword + "/" + s.name + ": \"<</PageSize["
+               + QByteArray::number(s.width) + " " + QByteArray::number(s.height)
+               + "]>>setpagedevice\"\n";
+    ppd += "*CloseUI: *PageSize\n*OpenUI *PageRegion/Media Size: PickOne\n*DefaultPageRegion: "
+           "Letter\n";
     for (const Size &s : sizes)
-        ppd += "*PageRegion " + s.keyword + "/" + s.name + ": \"<</PageSize[" + QByteArray::number(s.width) + " " +
-               QByteArray::number(s.height) + "]>>setpagedevice\"\n";
+        ppd += "*PageRegion " + s.keyword + "/" + s.name + ": \"<</PageSize["
+               + QByteArray::number(s.width) + " " + QByteArray::number(s.height)
+               + "]>>setpagedevice\"\n";
     ppd += "*CloseUI: *PageRegion\n*DefaultImageableArea: Letter\n*DefaultPaperDimension: Letter\n";
     for (const Size &s : sizes) {
         const QByteArray dims = QByteArray::number(s.width) + " " + QByteArray::number(s.height);
@@ -67,13 +77,16 @@ QByteArray manySizesPpd()
         ppd += "*PaperDimension " + s.keyword + "/" + s.name + ": \"" + dims + "\"\n";
     }
     ppd += "*OpenUI *InputSlot/Paper Source: PickOne\n*DefaultInputSlot: Tray1\n";
-    const char *const sources[] = {"Tray1/Tray 1", "Tray2/Tray 2", "Tray3/Tray 3", "Tray4/Tray 4",
-                                 "Manual/Manual Feed", "Envelope/Envelope Feeder", "LCT/Large Capacity",
-                                 "Auto/Automatically Select"};
+    const char *const sources[] = {"Tray1/Tray 1",       "Tray2/Tray 2",
+                                   "Tray3/Tray 3",       "Tray4/Tray 4",
+                                   "Manual/Manual Feed", "Envelope/Envelope Feeder",
+                                   "LCT/Large Capacity", "Auto/Automatically Select"};
     for (int i = 0; i < 8; ++i)
-        ppd += QByteArray("*InputSlot ") + sources[i] + ": \"<</MediaPosition " + QByteArray::number(i) +
-               ">>setpagedevice\"\n";
-    return ppd + "*CloseUI: *InputSlot\n*DefaultFont: Courier\n*Font Courier: Standard \"(1.05)\" Standard ROM\n";
+        ppd += QByteArray("*InputSlot ") + sources[i] + ": \"<</MediaPosition "
+               + QByteArray::number(i) + ">>setpagedevice\"\n";
+    return ppd
+           + "*CloseUI: *InputSlot\n*DefaultFont: Courier\n*Font Courier: Standard \"(1.05)\" "
+             "Standard ROM\n";
 }
 
 bool addManySizesPrinter()
@@ -84,9 +97,11 @@ bool addManySizesPrinter()
     if (!file.open(QIODevice::WriteOnly) || file.write(manySizesPpd()) < 0)
         return false;
     file.close();
-    return QProcess::execute(QStringLiteral("lpadmin"), {QStringLiteral("-p"), manySizesPrinter, QStringLiteral("-E"),
-                                                         QStringLiteral("-v"), QStringLiteral("file:///dev/null"),
-                                                         QStringLiteral("-P"), ppd}) == 0;
+    return QProcess::execute(QStringLiteral("lpadmin"),
+                             {QStringLiteral("-p"), manySizesPrinter, QStringLiteral("-E"),
+                              QStringLiteral("-v"), QStringLiteral("file:///dev/null"),
+                              QStringLiteral("-P"), ppd})
+           == 0;
 }
 
 void untilPainted(QWidget &window, QWidget *watched)
@@ -156,11 +171,13 @@ void BM_RedrawPreviews(benchmark::State &state)
 {
     Setting setting;
     frmPageSetup form;
-    form.Open(QStringLiteral("Bench"), QStringLiteral("Label-Printer"), setting.library.printerConfigurations());
+    form.Open(QStringLiteral("Bench"), QStringLiteral("Label-Printer"),
+              setting.library.printerConfigurations());
     untilPainted(form, form.findChild<PageSetupPicture *>(QStringLiteral("picPreview1")));
     auto *margin = form.findChild<QLineEdit *>(QStringLiteral("txtTopMargin"));
     const QList<PageSetupPicture *> pictures = form.findChildren<PageSetupPicture *>();
-    QImage image(pictures.first()->size() * form.devicePixelRatio(), QImage::Format_ARGB32_Premultiplied);
+    QImage image(pictures.first()->size() * form.devicePixelRatio(),
+                 QImage::Format_ARGB32_Premultiplied);
     image.setDevicePixelRatio(form.devicePixelRatio());
     int step = 0;
     for (auto _ : state) {
@@ -180,7 +197,8 @@ int main(int argc, char **argv)
     QStandardPaths::setTestModeEnabled(true);
     QApplication app(argc, argv);
     if (!bravcpl5::test::CupsReachable() || !addManySizesPrinter()) {
-        fprintf(stderr, "bench_pagesetup needs the sandboxed cupsd (scripts/cups-sandbox start build/cups-sandbox; "
+        fprintf(stderr, "bench_pagesetup needs the sandboxed cupsd (scripts/cups-sandbox start "
+                        "build/cups-sandbox; "
                         "eval \"$(scripts/cups-sandbox env build/cups-sandbox)\")\n");
         return 1;
     }

@@ -13,7 +13,8 @@ namespace {
 
 using namespace bravcpl5;
 
-const QString key = QStringLiteral("Software\\Tarnwell\\Lumarest\\5.0\\Settings (Acme)\\Printer Configurations");
+const QString key = QStringLiteral(
+    "Software\\Tarnwell\\Lumarest\\5.0\\Settings (Acme)\\Printer Configurations");
 
 // A fresh registry file with `count` assignments, written as a person would, named for the run.
 void registryWith(int count)
@@ -22,7 +23,8 @@ void registryWith(int count)
     const QString path = folder.filePath(QStringLiteral("registry-%1.ini").arg(count));
     QByteArray text = "[Software/Tarnwell/Lumarest/5.0/Settings (Acme)/Printer Configurations]\n";
     for (int i = 0; i < count; ++i)
-        text += "Configuration " + QByteArray::number(i) + "=Printer " + QByteArray::number(i % 7) + '\n';
+        text += "Configuration " + QByteArray::number(i) + "=Printer " + QByteArray::number(i % 7)
+                + '\n';
     QFile file(path);
     if (file.open(QIODevice::WriteOnly))
         file.write(text);
@@ -58,7 +60,17 @@ void SetPrinterAssignment(benchmark::State &state)
 
 } // namespace
 
-BENCHMARK(GetPrinterAssignment)->Arg(10)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond)->Complexity(benchmark::oN);
-BENCHMARK(SetPrinterAssignment)->Arg(10)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond)->Complexity(benchmark::oN);
+BENCHMARK(GetPrinterAssignment)
+    ->Arg(10)
+    ->Arg(1000)
+    ->Arg(10000)
+    ->Unit(benchmark::kMillisecond)
+    ->Complexity(benchmark::oN);
+BENCHMARK(SetPrinterAssignment)
+    ->Arg(10)
+    ->Arg(1000)
+    ->Arg(10000)
+    ->Unit(benchmark::kMillisecond)
+    ->Complexity(benchmark::oN);
 
 BENCHMARK_MAIN();

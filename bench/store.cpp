@@ -35,7 +35,8 @@ Store &storeWith(int perFolder)
         const QByteArray content = "<PrinterConfiguration><PageSetup/></PrinterConfiguration>\n";
         for (int i = 0; i < perFolder; ++i) {
             store->host.writeSystemFile(configurationName(i) + QStringLiteral(".pcx"), content);
-            store->host.writeUserFile(configurationName(i + perFolder / 2) + QStringLiteral(".pcx"), content);
+            store->host.writeUserFile(configurationName(i + perFolder / 2) + QStringLiteral(".pcx"),
+                                      content);
         }
         store->library.Initialize(&store->host);
     }
@@ -73,7 +74,17 @@ void GetPrinterConfigurationFileFromName(benchmark::State &state)
 
 } // namespace
 
-BENCHMARK(GetPrinterConfigurations)->Arg(10)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond)->Complexity(benchmark::oN);
-BENCHMARK(GetPrinterConfigurationFileFromName)->Arg(10)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond)->Complexity(benchmark::oN);
+BENCHMARK(GetPrinterConfigurations)
+    ->Arg(10)
+    ->Arg(1000)
+    ->Arg(10000)
+    ->Unit(benchmark::kMillisecond)
+    ->Complexity(benchmark::oN);
+BENCHMARK(GetPrinterConfigurationFileFromName)
+    ->Arg(10)
+    ->Arg(1000)
+    ->Arg(10000)
+    ->Unit(benchmark::kMillisecond)
+    ->Complexity(benchmark::oN);
 
 BENCHMARK_MAIN();

@@ -20,9 +20,10 @@ namespace fuzz {
 // system offers it, as every save is synced to disk.
 inline QString inputFile(const std::uint8_t *data, std::size_t size)
 {
-    static QTemporaryDir folder(QDir(QStringLiteral("/dev/shm")).exists()
-                                    ? QStringLiteral("/dev/shm/bravcpl5-fuzz-XXXXXX")
-                                    : QDir::temp().filePath(QStringLiteral("bravcpl5-fuzz-XXXXXX")));
+    static QTemporaryDir folder(
+        QDir(QStringLiteral("/dev/shm")).exists()
+            ? QStringLiteral("/dev/shm/bravcpl5-fuzz-XXXXXX")
+            : QDir::temp().filePath(QStringLiteral("bravcpl5-fuzz-XXXXXX")));
     const QString path = QDir(folder.path()).filePath(QStringLiteral("input.xml"));
     QFile file(path);
     if (file.open(QIODevice::WriteOnly | QIODevice::Truncate))

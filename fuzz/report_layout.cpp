@@ -10,7 +10,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     const bravcpl5::XmlDocumentPtr document = bravcpl5::LoadXmlFile(path);
     if (!document)
         return 0;
-    const bravcpl5::GeneralReportLayout layout = bravcpl5::GeneralReportLayout::fromDocument(*document);
+    const bravcpl5::GeneralReportLayout layout = bravcpl5::GeneralReportLayout::fromDocument(
+        *document);
     if (layout.save(path)) {
         fuzz::requireLoadable(path);
         // What was saved reads back as the same layout.

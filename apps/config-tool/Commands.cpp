@@ -22,13 +22,20 @@ namespace {
 constexpr auto exportFormat = "bravcpl5-printer-assignments";
 constexpr int exportVersion = 1;
 
-QObject *store(CommandContext &context) { return late::object(context.library, "PrinterConfigurations"); }
+QObject *store(CommandContext &context)
+{
+    return late::object(context.library, "PrinterConfigurations");
+}
 
-QObject *host(CommandContext &context) { return late::object(context.library, "SharedCodeLibrary"); }
+QObject *host(CommandContext &context)
+{
+    return late::object(context.library, "SharedCodeLibrary");
+}
 
 QStringList configurationNames(CommandContext &context)
 {
-    QStringList names = late::value(store(context), "GetPrinterConfigurations", {true}).toStringList();
+    QStringList names =
+        late::value(store(context), "GetPrinterConfigurations", {true}).toStringList();
     names.removeAll(QString());
     return names;
 }
@@ -59,10 +66,14 @@ PrinterConfigurations &typedStore(CommandContext &context)
 QList<std::pair<QString, QString>> assignments(CommandContext &context)
 {
     const QString key = PrinterConfigurationsKey(host(context));
-    return key.isEmpty() ? QList<std::pair<QString, QString>>() : GetRegValues(HKEY_CURRENT_USER_HANDLE, key);
+    return key.isEmpty() ? QList<std::pair<QString, QString>>()
+                         : GetRegValues(HKEY_CURRENT_USER_HANDLE, key);
 }
 
-QString inches(const QString &text) { return text.isEmpty() ? QStringLiteral("-") : text + QStringLiteral(" in"); }
+QString inches(const QString &text)
+{
+    return text.isEmpty() ? QStringLiteral("-") : text + QStringLiteral(" in");
+}
 
 QString paperDimensions(const PaperSizeInfo &size)
 {
@@ -87,12 +98,14 @@ int ListConfigurations(CommandContext &context, bool json)
     const QHash<QString, QString> printers = configurations.printerAssignments();
     QJsonArray rows;
     QList<QStringList> table;
-    for (const PrinterConfigurations::NamedFile &configuration : configurations.configurationFiles()) {
+    for (const PrinterConfigurations::NamedFile &configuration :
+         configurations.configurationFiles()) {
         const QString &name = configuration.name;
         const QString &file = configuration.file;
         const bool system = configurations.PrinterConfigurationIsSystem(file);
         const QString printer = printers.value(name.toCaseFolded());
-        rows.append(QJsonObject{{"name", name}, {"printer", printer}, {"file", file}, {"system", system}});
+        rows.append(
+            QJsonObject{{"name", name}, {"printer", printer}, {"file", file}, {"system", system}});
         table.append({name, printer.isEmpty() ? QStringLiteral("-") : printer,
                       system ? QStringLiteral("yes") : QStringLiteral("no"), file});
     }
@@ -102,8 +115,8 @@ int ListConfigurations(CommandContext &context, bool json)
         context.out << QJsonDocument(answer).toJson(QJsonDocument::Indented);
         return Done;
     }
-    table.prepend({QStringLiteral("CONFIGURATION"), QStringLiteral("PRINTER"), QStringLiteral("SHARED"),
-                   QStringLiteral("FILE")});
+    table.prepend({QStringLiteral("CONFIGURATION"), QStringLiteral("PRINTER"),
+                   QStringLiteral("SHARED"), QStringLiteral("FILE")});
     QList<qsizetype> widths(4, 0);
     for (const QStringList &row : std::as_const(table)) {
         for (int column = 0; column < 3; ++column)
@@ -112,7 +125,8 @@ int ListConfigurations(CommandContext &context, bool json)
     for (const QStringList &row : std::as_const(table))
         context.out << row[0].leftJustified(widths[0] + 2) << row[1].leftJustified(widths[1] + 2)
                     << row[2].leftJustified(widths[2] + 2) << row[3] << '\n';
-    context.out << "Default printer: " << (fallback.isEmpty() ? QStringLiteral("-") : fallback) << '\n';
+    context.out << "Default printer: " << (fallback.isEmpty() ? QStringLiteral("-") : fallback)
+                << '\n';
     return Done;
 }
 
@@ -121,10 +135,14 @@ int AssignPrinter(CommandContext &context, const QString &configuration, const Q
     const bool fallback = configuration == DefaultAssignmentName();
     const QString name = fallback ? configuration : findConfiguration(context, configuration);
     if (name.isEmpty())
-        return refuse(context, QStringLiteral("there is no printer configuration named '%1'").arg(configuration));
+        return refuse(
+            context,
+            QStringLiteral("there is no printer configuration named '%1'").arg(configuration));
     const QString installed = FindPrinter(CurrentPrinterInfo(), printer);
     if (installed.isEmpty())
-        return refuse(context, QStringLiteral("there is no printer named '%1' on this computer").arg(printer));
+        return refuse(
+            context,
+            QStringLiteral("there is no printer named '%1' on this computer").arg(printer));
     late::call(store(context), "SetPrinterForConfiguration", {name, installed});
     if (ownPrinter(context, name) != installed)
         return refuse(context, QStringLiteral("the assignment could not be saved"));
@@ -137,7 +155,9 @@ int UnassignPrinter(CommandContext &context, const QString &configuration)
     const bool fallback = configuration == DefaultAssignmentName();
     const QString name = fallback ? configuration : findConfiguration(context, configuration);
     if (name.isEmpty())
-        return refuse(context, QStringLiteral("there is no printer configuration named '%1'").arg(configuration));
+        return refuse(
+            context,
+            QStringLiteral("there is no printer configuration named '%1'").arg(configuration));
     // An empty printer reads as none everywhere.
     late::call(store(context), "SetPrinterForConfiguration", {name, QString()});
     context.out << name << " has no printer of its own now\n";
@@ -148,40 +168,53 @@ int ShowConfiguration(CommandContext &context, const QString &configuration)
 {
     const QString name = findConfiguration(context, configuration);
     if (name.isEmpty())
-        return refuse(context, QStringLiteral("there is no printer configuration named '%1'").arg(configuration));
+        return refuse(
+            context,
+            QStringLiteral("there is no printer configuration named '%1'").arg(configuration));
     const QString file = late::text(store(context), "GetPrinterConfigurationFileFromName", {name});
     const XmlDocumentPtr document = LoadXmlFile(file);
     if (!document)
         return refuse(context, QStringLiteral("the file '%1' cannot be read").arg(file));
-    const pugi::xml_node setup = SelectSingleNode(*document, QString::fromLatin1(pagesetup::xpath)).node();
-    const auto value = [&](const char *element) { return GetXmlValue(QString::fromLatin1(element), setup, QString()); };
+    const pugi::xml_node setup =
+        SelectSingleNode(*document, QString::fromLatin1(pagesetup::xpath)).node();
+    const auto value = [&](const char *element) {
+        return GetXmlValue(QString::fromLatin1(element), setup, QString());
+    };
 
     const QString printer = late::text(store(context), "GetPrinterForConfiguration", {name, false});
-    context.out << "Configuration: " << name << '\n' << "File: " << file << '\n'
+    context.out << "Configuration: " << name << '\n'
+                << "File: " << file << '\n'
                 << "Printer: " << (printer.isEmpty() ? QStringLiteral("-") : printer) << '\n';
-    for (const char *element : {pagesetup::topMargin, pagesetup::bottomMargin, pagesetup::leftMargin,
-                                pagesetup::rightMargin, pagesetup::gutter, pagesetup::labelWidth,
-                                pagesetup::labelHeight, pagesetup::horizontalGap, pagesetup::verticalGap})
+    for (const char *element :
+         {pagesetup::topMargin, pagesetup::bottomMargin, pagesetup::leftMargin,
+          pagesetup::rightMargin, pagesetup::gutter, pagesetup::labelWidth, pagesetup::labelHeight,
+          pagesetup::horizontalGap, pagesetup::verticalGap})
         context.out << element << ": " << inches(value(element)) << '\n';
     const QString columns = value(pagesetup::columnsPerSheet);
     context.out << pagesetup::orientation << ": "
                 << (value(pagesetup::orientation).toInt() != 0 ? "landscape" : "portrait") << '\n'
-                << pagesetup::columnsPerSheet << ": " << (columns.isEmpty() ? QStringLiteral("-") : columns) << '\n';
+                << pagesetup::columnsPerSheet << ": "
+                << (columns.isEmpty() ? QStringLiteral("-") : columns) << '\n';
 
     // What the printer makes of the stored codes.
     const PrinterInfo &info = CurrentPrinterInfo();
     const QString installed = FindPrinter(info, printer);
     // A code that is not stored is the printer's current one.
     const QString storedSize = value(pagesetup::paperSize);
-    const int sizeCode = storedSize.isEmpty() ? info.currentPaperSize(installed) : storedSize.toInt();
+    const int sizeCode = storedSize.isEmpty() ? info.currentPaperSize(installed)
+                                              : storedSize.toInt();
     QString size = QStringLiteral("code %1, not offered by the printer").arg(sizeCode);
     for (const PaperSizeInfo &paper : info.paperSizes(installed)) {
         if (paper.code == sizeCode)
-            size = QStringLiteral("%1 (code %2, %3)").arg(paper.name).arg(sizeCode).arg(paperDimensions(paper));
+            size = QStringLiteral("%1 (code %2, %3)")
+                       .arg(paper.name)
+                       .arg(sizeCode)
+                       .arg(paperDimensions(paper));
     }
     if (sizeCode >= FirstPrinterPaperCode)
-        size += QStringLiteral("; stored size %1 x %2").arg(inches(value(pagesetup::paperWidth)),
-                                                             inches(value(pagesetup::paperHeight)));
+        size += QStringLiteral("; stored size %1 x %2")
+                    .arg(inches(value(pagesetup::paperWidth)),
+                         inches(value(pagesetup::paperHeight)));
     const QString storedBin = value(pagesetup::paperSource);
     const int binCode = storedBin.isEmpty() ? info.currentPaperBin(installed) : storedBin.toInt();
     QString bin = QStringLiteral("code %1, not offered by the printer").arg(binCode);
@@ -189,8 +222,10 @@ int ShowConfiguration(CommandContext &context, const QString &configuration)
         if (source.code == binCode)
             bin = QStringLiteral("%1 (code %2)").arg(source.name).arg(binCode);
     }
-    context.out << "Paper size: " << size << (storedSize.isEmpty() ? " (the printer's own)" : "") << '\n'
-                << "Paper source: " << bin << (storedBin.isEmpty() ? " (the printer's own)" : "") << '\n';
+    context.out << "Paper size: " << size << (storedSize.isEmpty() ? " (the printer's own)" : "")
+                << '\n'
+                << "Paper source: " << bin << (storedBin.isEmpty() ? " (the printer's own)" : "")
+                << '\n';
     return Done;
 }
 
@@ -219,7 +254,8 @@ int ExportAssignments(CommandContext &context, const QString &file)
         if (!printer.isEmpty())
             printers.insert(name, printer);
     }
-    const QJsonObject document{{"format", exportFormat}, {"version", exportVersion}, {"assignments", printers}};
+    const QJsonObject document{
+        {"format", exportFormat}, {"version", exportVersion}, {"assignments", printers}};
     if (!WriteWholeFile(file, QJsonDocument(document).toJson(QJsonDocument::Indented)))
         return refuse(context, QStringLiteral("the file '%1' could not be written").arg(file));
     context.out << printers.size() << " assignments written to " << file << '\n';
@@ -234,14 +270,18 @@ int ImportAssignments(CommandContext &context, const QString &file)
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(input.read(1024 * 1024), &error);
     const QJsonObject root = document.object();
-    if (error.error != QJsonParseError::NoError || root.value("format").toString() != QLatin1String(exportFormat) ||
-        root.value("version").toInt() != exportVersion || !root.value("assignments").isObject())
-        return refuse(context, QStringLiteral("'%1' is not an export of bravcpl5-config").arg(file));
+    if (error.error != QJsonParseError::NoError
+        || root.value("format").toString() != QLatin1String(exportFormat)
+        || root.value("version").toInt() != exportVersion || !root.value("assignments").isObject())
+        return refuse(context,
+                      QStringLiteral("'%1' is not an export of bravcpl5-config").arg(file));
     // Checked whole before anything is written: a bad entry changes nothing.
     const QJsonObject printers = root.value("assignments").toObject();
     for (auto it = printers.begin(); it != printers.end(); ++it) {
         if (it.key().isEmpty() || !it.value().isString() || it.value().toString().isEmpty())
-            return refuse(context, QStringLiteral("'%1' holds an assignment without a name or printer").arg(file));
+            return refuse(
+                context,
+                QStringLiteral("'%1' holds an assignment without a name or printer").arg(file));
     }
     for (auto it = printers.begin(); it != printers.end(); ++it)
         late::call(store(context), "SetPrinterForConfiguration", {it.key(), it.value().toString()});
@@ -256,7 +296,8 @@ int ListPrinters(CommandContext &context)
     for (const QString &printer : info.printerNames()) {
         context.out << printer << (printer == fallback ? " (default)" : "") << '\n';
         for (const PaperSizeInfo &size : info.paperSizes(printer))
-            context.out << "  size " << size.code << '\t' << size.name << '\t' << paperDimensions(size) << '\n';
+            context.out << "  size " << size.code << '\t' << size.name << '\t'
+                        << paperDimensions(size) << '\n';
         for (const PaperBinInfo &bin : info.paperBins(printer))
             context.out << "  bin  " << bin.code << '\t' << bin.name << '\n';
     }

@@ -9,10 +9,12 @@ QString ToolOptions::FixSettingsKey(const QString &key) const
 // Only the "Reports" folders hold printer configurations.
 QString ToolOptions::SystemFileLocation(const QString &kind) const
 {
-    return kind.compare(QLatin1String("Reports"), Qt::CaseInsensitive) == 0 ? systemFolder : QString();
+    return kind.compare(QLatin1String("Reports"), Qt::CaseInsensitive) == 0 ? systemFolder
+                                                                            : QString();
 }
 
 QString ToolOptions::UserFileLocation(const QString &kind) const
 {
-    return kind.compare(QLatin1String("Reports"), Qt::CaseInsensitive) == 0 ? userFolder : QString();
+    return kind.compare(QLatin1String("Reports"), Qt::CaseInsensitive) == 0 ? userFolder
+                                                                            : QString();
 }

@@ -26,7 +26,8 @@ const char *const usage = R"(Commands:
   import FILE                assignments from an export, all or none
   printers                   this computer's printers with their paper sizes and bins)";
 
-QString setting(const QCommandLineParser &parser, const QCommandLineOption &option, const char *variable)
+QString setting(const QCommandLineParser &parser, const QCommandLineOption &option,
+                const char *variable)
 {
     return parser.isSet(option) ? parser.value(option) : qEnvironmentVariable(variable);
 }
@@ -53,28 +54,32 @@ int main(int argc, char **argv)
     QTextStream err(stderr);
 
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral("The printer configurations of this workstation.\n\n") +
-                                     QString::fromLatin1(usage));
+    parser.setApplicationDescription(
+        QStringLiteral("The printer configurations of this workstation.\n\n")
+        + QString::fromLatin1(usage));
     parser.addHelpOption();
-    const QCommandLineOption systemOption(QStringLiteral("system"),
-                                          QStringLiteral("Shared settings folder (BRAVCPL5_SYSTEM_FOLDER)."),
-                                          QStringLiteral("folder"));
-    const QCommandLineOption userOption(QStringLiteral("user"),
-                                        QStringLiteral("User's settings folder (BRAVCPL5_USER_FOLDER)."),
-                                        QStringLiteral("folder"));
+    const QCommandLineOption systemOption(
+        QStringLiteral("system"),
+        QStringLiteral("Shared settings folder (BRAVCPL5_SYSTEM_FOLDER)."),
+        QStringLiteral("folder"));
+    const QCommandLineOption userOption(
+        QStringLiteral("user"), QStringLiteral("User's settings folder (BRAVCPL5_USER_FOLDER)."),
+        QStringLiteral("folder"));
     const QCommandLineOption profileOption(QStringLiteral("profile"),
                                            QStringLiteral("Settings profile (BRAVCPL5_PROFILE)."),
                                            QStringLiteral("name"));
-    const QCommandLineOption registryOption(QStringLiteral("registry"),
-                                            QStringLiteral("Registry file off Windows (BRAVCPL5_REGISTRY)."),
-                                            QStringLiteral("file"));
-    const QCommandLineOption jsonOption(QStringLiteral("json"), QStringLiteral("list: JSON rather than a table."));
+    const QCommandLineOption registryOption(
+        QStringLiteral("registry"),
+        QStringLiteral("Registry file off Windows (BRAVCPL5_REGISTRY)."), QStringLiteral("file"));
+    const QCommandLineOption jsonOption(QStringLiteral("json"),
+                                        QStringLiteral("list: JSON rather than a table."));
     const QCommandLineOption defaultOption(QStringLiteral("default"),
                                            QStringLiteral("assign: the default printer."));
     for (const QCommandLineOption &option :
          {systemOption, userOption, profileOption, registryOption, jsonOption, defaultOption})
         parser.addOption(option);
-    parser.addPositionalArgument(QStringLiteral("command"), QStringLiteral("What to do (see above)."));
+    parser.addPositionalArgument(QStringLiteral("command"),
+                                 QStringLiteral("What to do (see above)."));
     parser.process(app);
 
     const QStringList arguments = parser.positionalArguments();
@@ -82,7 +87,8 @@ int main(int argc, char **argv)
     const auto needs = [&](qsizetype count) {
         if (arguments.size() == count + 1)
             return true;
-        err << "bravcpl5-config: '" << command << "' takes " << count << " argument(s); see --help" << Qt::endl;
+        err << "bravcpl5-config: '" << command << "' takes " << count << " argument(s); see --help"
+            << Qt::endl;
         return false;
     };
 
@@ -90,7 +96,8 @@ int main(int argc, char **argv)
     host->settings().systemFolder = setting(parser, systemOption, "BRAVCPL5_SYSTEM_FOLDER");
     host->settings().userFolder = setting(parser, userOption, "BRAVCPL5_USER_FOLDER");
     host->settings().profile = setting(parser, profileOption, "BRAVCPL5_PROFILE");
-    if (const QString registry = setting(parser, registryOption, "BRAVCPL5_REGISTRY"); !registry.isEmpty())
+    if (const QString registry = setting(parser, registryOption, "BRAVCPL5_REGISTRY");
+        !registry.isEmpty())
         bravcpl5::SetRegistryFile(registry);
 
     std::unique_ptr<QObject> library(bravcpl5::CreateObject(QStringLiteral("bravcpl5.Library")));
@@ -116,7 +123,9 @@ int main(int argc, char **argv)
         status = ImportAssignments(context, arguments[1]);
     else if (command == QLatin1String("printers") && needs(0))
         status = ListPrinters(context);
-    else if (!QStringList{"list", "assign", "unassign", "show", "verify", "export", "import", "printers"}.contains(command))
+    else if (!QStringList{"list", "assign", "unassign", "show", "verify", "export", "import",
+                          "printers"}
+                  .contains(command))
         err << "bravcpl5-config: unknown command '" << command << "'; see --help" << Qt::endl;
 
     bravcpl5::late::call(library.get(), "PreTerminate");

@@ -20,8 +20,8 @@ constexpr auto letter = "Letter";
 constexpr auto labels = "Product Labels";
 
 // Draws a banded report laid out on the first page's content area.
-ReferenceReport::PageDrawer bandedDrawer(std::function<std::unique_ptr<BandedReport>(double width)> build,
-                                         int *pageCount)
+ReferenceReport::PageDrawer bandedDrawer(
+    std::function<std::unique_ptr<BandedReport>(double width)> build, int *pageCount)
 {
     auto report = std::make_shared<std::unique_ptr<BandedReport>>();
     return [=](QPainter &painter, const ReportPageToDraw &page) {
@@ -39,12 +39,12 @@ ReferenceReport::PageDrawer bandedDrawer(std::function<std::unique_ptr<BandedRep
     };
 }
 
-ReferenceReport::PageDrawer labelDrawer(QObject *library, const HostDatabase *database, bool outlines,
-                                        int *pageCount)
+ReferenceReport::PageDrawer labelDrawer(QObject *library, const HostDatabase *database,
+                                        bool outlines, int *pageCount)
 {
     QObject *store = late::object(library, "PrinterConfigurations");
-    const LabelGeometry geometry =
-        ReadLabelGeometry(late::text(store, "GetPrinterConfigurationFileFromName", {QString::fromLatin1(labels)}));
+    const LabelGeometry geometry = ReadLabelGeometry(
+        late::text(store, "GetPrinterConfigurationFileFromName", {QString::fromLatin1(labels)}));
     const QList<Record> records = SourceRecords(database, QStringLiteral("Products"));
     auto next = std::make_shared<int>(0);
     return [=](QPainter &painter, const ReportPageToDraw &page) {
@@ -66,16 +66,24 @@ QList<DealerReport> DealerReports(const QString &dataFolder)
 {
     QList<DealerReport> reports;
     const QDir folder(QDir(dataFolder).filePath(QStringLiteral("System/Reports")));
-    for (const QString &name : folder.entryList({QStringLiteral("*.xml")}, QDir::Files, QDir::Name | QDir::IgnoreCase)) {
+    for (const QString &name :
+         folder.entryList({QStringLiteral("*.xml")}, QDir::Files, QDir::Name | QDir::IgnoreCase)) {
         const QString file = folder.filePath(name);
         const GeneralReportTexts texts = ReadGeneralReportTexts(file);
-        reports.append({DealerReport::Kind::General, texts.title.isEmpty() ? QFileInfo(name).completeBaseName() : texts.title,
+        reports.append({DealerReport::Kind::General,
+                        texts.title.isEmpty() ? QFileInfo(name).completeBaseName() : texts.title,
                         texts.description, file});
     }
-    reports.append({DealerReport::Kind::Quote, QStringLiteral("Customer Quote"),
-                    QStringLiteral("A quote for blinds and shutters, with options, totals and signature lines."), {}});
-    reports.append({DealerReport::Kind::Labels, QStringLiteral("Product Labels"),
-                    QStringLiteral("Shelf labels for every product, on sheets of labels."), {}});
+    reports.append(
+        {DealerReport::Kind::Quote,
+         QStringLiteral("Customer Quote"),
+         QStringLiteral(
+             "A quote for blinds and shutters, with options, totals and signature lines."),
+         {}});
+    reports.append({DealerReport::Kind::Labels,
+                    QStringLiteral("Product Labels"),
+                    QStringLiteral("Shelf labels for every product, on sheets of labels."),
+                    {}});
     return reports;
 }
 
@@ -91,14 +99,16 @@ QString PrinterConfigurationOf(QObject *library, const DealerReport &report)
     }
     GeneralReportLayout layout;
     QObject *reportLayout = late::object(library, "ReportLayout");
-    if (const XmlDocumentPtr document = LoadXmlText(late::text(reportLayout, "LoadGeneralReportLayout", {report.file})))
+    if (const XmlDocumentPtr document = LoadXmlText(
+            late::text(reportLayout, "LoadGeneralReportLayout", {report.file})))
         layout.read(*document);
-    return layout.useOwnPrinterConfiguration && !layout.printerConfiguration.isEmpty() ? layout.printerConfiguration
-                                                                                       : QString::fromLatin1(letter);
+    return layout.useOwnPrinterConfiguration && !layout.printerConfiguration.isEmpty()
+               ? layout.printerConfiguration
+               : QString::fromLatin1(letter);
 }
 
-ReferenceReport::PageDrawer PageDrawerFor(QObject *library, const HostDatabase *database, const DealerReport &report,
-                                          bool outlines, int *pageCount)
+ReferenceReport::PageDrawer PageDrawerFor(QObject *library, const HostDatabase *database,
+                                          const DealerReport &report, bool outlines, int *pageCount)
 {
     switch (report.kind) {
     case DealerReport::Kind::Quote:
@@ -112,7 +122,11 @@ ReferenceReport::PageDrawer PageDrawerFor(QObject *library, const HostDatabase *
     case DealerReport::Kind::General:
         break;
     }
-    const QList<Record> records = SourceRecords(database, ReadGeneralReportTexts(report.file).source);
-    return bandedDrawer([=, file = report.file](double width) { return BuildGeneralReport(library, file, records, width); },
-                        pageCount);
+    const QList<Record> records = SourceRecords(database,
+                                                ReadGeneralReportTexts(report.file).source);
+    return bandedDrawer(
+        [=, file = report.file](double width) {
+            return BuildGeneralReport(library, file, records, width);
+        },
+        pageCount);
 }

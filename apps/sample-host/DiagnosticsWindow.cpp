@@ -23,7 +23,8 @@ DiagnosticsWindow::DiagnosticsWindow(QObject *library, QWidget *parent)
         text->setFont(QFont(QStringLiteral("DejaVu Sans Mono"), 9));
     }
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close);
-    QPushButton *refresh = buttons->addButton(QStringLiteral("&Refresh"), QDialogButtonBox::ActionRole);
+    QPushButton *refresh = buttons->addButton(QStringLiteral("&Refresh"),
+                                              QDialogButtonBox::ActionRole);
     connect(refresh, &QPushButton::clicked, this, [this]() { m_state->setPlainText(state()); });
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::close);
     auto *layout = new QVBoxLayout(this);
@@ -53,24 +54,31 @@ QString DiagnosticsWindow::state() const
     QObject *options = late::object(host, "Options");
     const auto owned = [this](QObject *service) {
         return !service ? QStringLiteral("missing")
-                        : late::object(service, "Owner") == m_library ? QStringLiteral("created, Owner is the Library")
-                                                                        : QStringLiteral("created, Owner is not the Library");
+               : late::object(service, "Owner") == m_library
+                   ? QStringLiteral("created, Owner is the Library")
+                   : QStringLiteral("created, Owner is not the Library");
     };
     QStringList lines = {
-        QStringLiteral("Host (SharedCodeLibrary): %1").arg(host ? QStringLiteral("set") : QStringLiteral("not set")),
+        QStringLiteral("Host (SharedCodeLibrary): %1")
+            .arg(host ? QStringLiteral("set") : QStringLiteral("not set")),
         QStringLiteral("PrinterConfigurations: %1").arg(owned(store)),
         QStringLiteral("ReportLayout: %1").arg(owned(reportLayout)),
-        QStringLiteral("System reports folder: %1").arg(late::text(options, "SystemFileLocation", {QStringLiteral("Reports")})),
-        QStringLiteral("User reports folder: %1").arg(late::text(options, "UserFileLocation", {QStringLiteral("Reports")})),
+        QStringLiteral("System reports folder: %1")
+            .arg(late::text(options, "SystemFileLocation", {QStringLiteral("Reports")})),
+        QStringLiteral("User reports folder: %1")
+            .arg(late::text(options, "UserFileLocation", {QStringLiteral("Reports")})),
         QStringLiteral("Registry file: %1").arg(QDir::toNativeSeparators(RegistryFile())),
         QString(),
         QStringLiteral("GetPrinterConfigurations(False):")};
-    for (const QString &entry : late::value(store, "GetPrinterConfigurations", {false}).toStringList())
+    for (const QString &entry :
+         late::value(store, "GetPrinterConfigurations", {false}).toStringList())
         lines << QStringLiteral("  \"%1\"").arg(entry);
     const struct {
         const char *member;
         QVariantList args;
-    } documents[] = {{"LoadGeneralReportLayout", {}}, {"LoadGeneralReportFonts", {false}}, {"LoadProcessReportFonts", {}}};
+    } documents[] = {{"LoadGeneralReportLayout", {}},
+                     {"LoadGeneralReportFonts", {false}},
+                     {"LoadProcessReportFonts", {}}};
     for (const auto &document : documents) {
         lines << QString() << QStringLiteral("%1:").arg(QLatin1String(document.member))
               << late::text(reportLayout, document.member, document.args).trimmed();

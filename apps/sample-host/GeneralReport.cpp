@@ -20,7 +20,11 @@ namespace {
 
 // The general report font types of the body.
 enum FontType : qint16 {
-    FieldHeading = 4, DataField = 5, GroupHeaderHeading = 10, GroupHeaderDataField, GroupFooterHeading,
+    FieldHeading = 4,
+    DataField = 5,
+    GroupHeaderHeading = 10,
+    GroupHeaderDataField,
+    GroupFooterHeading,
     GroupFooterDataField,
 };
 
@@ -55,11 +59,13 @@ QString cellText(const QVariant &value)
 }
 
 // The columns the file lists, scaled down together when they are wider than the page.
-QList<Column> readColumns(const pugi::xml_document &document, const QList<Record> &records, double width)
+QList<Column> readColumns(const pugi::xml_document &document, const QList<Record> &records,
+                          double width)
 {
     QList<Column> columns;
     double total = 0;
-    for (pugi::xml_node field : SelectSingleNode(document, QStringLiteral("//Fields")).node().children()) {
+    for (pugi::xml_node field :
+         SelectSingleNode(document, QStringLiteral("//Fields")).node().children()) {
         if (field.type() != pugi::node_element)
             continue;
         const QString key = QString::fromUtf8(field.name());
@@ -69,7 +75,8 @@ QList<Column> readColumns(const pugi::xml_document &document, const QList<Record
         const double inches = values::leadingNumber(size, QLocale());
         if (inches <= 0)
             continue;
-        Column column{key, GetXmlAttribute(field, QStringLiteral("label"), key), total, inches * TwipsPerInch};
+        Column column{key, GetXmlAttribute(field, QStringLiteral("label"), key), total,
+                      inches * TwipsPerInch};
         const QVariant sample = records.isEmpty() ? QVariant() : records.first().value(key);
         column.money = sample.typeId() == QMetaType::Double;
         column.number = column.money || sample.typeId() == QMetaType::Int;
@@ -89,10 +96,12 @@ QList<Column> readColumns(const pugi::xml_document &document, const QList<Record
 QString filtersSummary(const pugi::xml_document &document)
 {
     QStringList parts;
-    for (pugi::xml_node filter : SelectSingleNode(document, QStringLiteral("//Filters")).node().children()) {
+    for (pugi::xml_node filter :
+         SelectSingleNode(document, QStringLiteral("//Filters")).node().children()) {
         const QString value = GetXmlAttribute(filter, QStringLiteral("value"), QString());
         const QString label = GetXmlAttribute(filter, QStringLiteral("label"), QString());
-        if (filter.type() == pugi::node_element && !value.isEmpty() && !label.isEmpty() && !value.startsWith(u'['))
+        if (filter.type() == pugi::node_element && !value.isEmpty() && !label.isEmpty()
+            && !value.startsWith(u'['))
             parts << QStringLiteral("%1: %2").arg(label, value);
     }
     return parts.mid(0, 3).join(QStringLiteral("; "));
@@ -102,13 +111,15 @@ class GeneralReportBuilder
 {
 public:
     GeneralReportBuilder(BandedReport &report, const QList<Column> &columns, double width)
-        : m_report(report), m_make(report.make), m_columns(columns), m_width(width) {}
+        : m_report(report), m_make(report.make), m_columns(columns), m_width(width)
+    {}
 
     void furniture(const QList<FurnitureLine> &lines, Band &band)
     {
         for (const FurnitureLine &line : lines) {
             BandRow row;
-            ReportLabel *control = m_make.label(row, line.text, line.fontType, 0, m_width, line.alignment);
+            ReportLabel *control = m_make.label(row, line.text, line.fontType, 0, m_width,
+                                                line.alignment);
             if (line.notBold)
                 m_make.format(control, "ApplyTextFormatSettingsToControl", 1);
             if (line.fontType == furnitureFont::pageNumber)
@@ -123,8 +134,8 @@ public:
     {
         BandRow row;
         for (const Column &c : m_columns) {
-            ReportLabel *heading =
-                m_make.label(row, c.label, FieldHeading, c.left, c.width, c.number ? alignRight : alignLeft);
+            ReportLabel *heading = m_make.label(row, c.label, FieldHeading, c.left, c.width,
+                                                c.number ? alignRight : alignLeft);
             m_make.format(heading, "ApplyBackColorSettingsToControl", gray25);
             m_make.format(heading, "ApplyBorderToControl", presetBottom);
         }
@@ -136,14 +147,17 @@ public:
     {
         if (!groupBy.isEmpty()) {
             std::stable_sort(records.begin(), records.end(), [&](const Record &a, const Record &b) {
-                return cellText(a.value(groupBy)).compare(cellText(b.value(groupBy)), Qt::CaseInsensitive) < 0;
+                return cellText(a.value(groupBy))
+                           .compare(cellText(b.value(groupBy)), Qt::CaseInsensitive)
+                       < 0;
             });
         }
         QList<double> total(m_columns.size(), 0.0);
         for (qsizetype first = 0; first < records.size();) {
             const QVariant group = groupBy.isEmpty() ? QVariant() : records[first].value(groupBy);
             qsizetype next = first;
-            while (next < records.size() && (groupBy.isEmpty() || records[next].value(groupBy) == group))
+            while (next < records.size()
+                   && (groupBy.isEmpty() || records[next].value(groupBy) == group))
                 ++next;
             if (!groupBy.isEmpty())
                 groupHeader(groupBy, cellText(group));
@@ -153,8 +167,8 @@ public:
                 for (qsizetype c = 0; c < m_columns.size(); ++c) {
                     const Column &column = m_columns[c];
                     const QVariant value = records[i].value(column.key);
-                    m_make.field(row, column.key, cellText(value), DataField, column.left, column.width,
-                                 column.number ? alignRight : alignLeft);
+                    m_make.field(row, column.key, cellText(value), DataField, column.left,
+                                 column.width, column.number ? alignRight : alignLeft);
                     if (column.money)
                         sums[c] += value.toDouble();
                 }
@@ -178,9 +192,10 @@ private:
         header.keepWithNext = true;
         const double split = qMin(m_width / 4, 2 * TwipsPerInch);
         for (ReportControl *control :
-             {static_cast<ReportControl *>(m_make.label(header, groupLabel(groupBy) + u':', GroupHeaderHeading, 0, split)),
-              static_cast<ReportControl *>(
-                  m_make.field(header, groupBy, value, GroupHeaderDataField, split, m_width - split))})
+             {static_cast<ReportControl *>(
+                  m_make.label(header, groupLabel(groupBy) + u':', GroupHeaderHeading, 0, split)),
+              static_cast<ReportControl *>(m_make.field(
+                  header, groupBy, value, GroupHeaderDataField, split, m_width - split))})
             m_make.format(control, "ApplyBackColorSettingsToControl", paleGray);
         m_report.body.push_back(header);
     }
@@ -201,13 +216,15 @@ private:
         const qsizetype firstMoney = std::find_if(m_columns.begin(), m_columns.end(),
                                                   [](const Column &c) { return c.money; })
                                      - m_columns.begin();
-        const double captionWidth = firstMoney < m_columns.size() ? m_columns[firstMoney].left : m_width;
+        const double captionWidth = firstMoney < m_columns.size() ? m_columns[firstMoney].left
+                                                                  : m_width;
         m_make.label(row, caption, GroupFooterHeading, 0, captionWidth);
         for (qsizetype c = firstMoney; c < m_columns.size(); ++c) {
             if (!m_columns[c].money)
                 continue;
-            ReportField *sum = m_make.field(row, QStringLiteral("Sum(%1)").arg(m_columns[c].key), money(sums[c]),
-                                            GroupFooterDataField, m_columns[c].left, m_columns[c].width, alignRight);
+            ReportField *sum = m_make.field(row, QStringLiteral("Sum(%1)").arg(m_columns[c].key),
+                                            money(sums[c]), GroupFooterDataField, m_columns[c].left,
+                                            m_columns[c].width, alignRight);
             m_make.format(sum, "ApplyBorderToControl", border);
             if (border == presetThickTop) {
                 m_make.format(sum, "ApplyBorderToControl", presetDoubleBottom);
@@ -235,7 +252,8 @@ GeneralReportTexts ReadGeneralReportTexts(const QString &configurationFile)
         return texts;
     texts.title = GetXmlValue(QStringLiteral("//Title"), *document, QString());
     texts.description = GetXmlValue(QStringLiteral("//Description"), *document, QString());
-    texts.source = GetXmlValue(QStringLiteral("//Identification/Source"), *document, QStringLiteral("Orders"));
+    texts.source = GetXmlValue(QStringLiteral("//Identification/Source"), *document,
+                               QStringLiteral("Orders"));
     texts.groupBy = GetXmlValue(QStringLiteral("//GroupBy"), *document, QString());
     return texts;
 }
@@ -253,14 +271,16 @@ std::unique_ptr<BandedReport> BuildGeneralReport(QObject *library, const QString
 
     // The host reads the layout document itself; without one it keeps the defaults.
     GeneralReportLayout layout;
-    if (const XmlDocumentPtr lyx = LoadXmlText(late::text(reportLayout, "LoadGeneralReportLayout", {configurationFile})))
+    if (const XmlDocumentPtr lyx = LoadXmlText(
+            late::text(reportLayout, "LoadGeneralReportLayout", {configurationFile})))
         layout.read(*lyx);
 
     auto report = std::make_unique<BandedReport>(reportLayout, generalReportType);
     report->headerOnAllPages = layout.headerOnAllPages;
     report->footerOnAllPages = layout.footerOnAllPages;
     GeneralReportBuilder build(*report, readColumns(configuration, records, width), width);
-    build.furniture(HeaderFurniture(layout, {texts.title, filtersSummary(configuration), texts.description},
+    build.furniture(HeaderFurniture(layout,
+                                    {texts.title, filtersSummary(configuration), texts.description},
                                     QDateTime::currentDateTime()),
                     report->header);
     if (!report->header.empty())

@@ -7,8 +7,8 @@
 // subtotals of its money columns, and the header and footer furniture of its layout (its
 // own .lyx, else the general one) in the fonts of the report fonts document.
 
-#include "ReportBands.h"
 #include "Records.h"
+#include "ReportBands.h"
 
 #include <memory>
 

@@ -71,13 +71,14 @@ QList<QRectF> LabelPlaces(const LabelGeometry &g, const QSizeF &paper)
     for (int i = 0; i < rows * columns; ++i) {
         const int row = across ? i / columns : i % rows;
         const int column = across ? i % columns : i / rows;
-        places.append(QRectF(g.left + column * stepX, g.top + row * stepY, g.labelWidth, g.labelHeight));
+        places.append(
+            QRectF(g.left + column * stepX, g.top + row * stepY, g.labelWidth, g.labelHeight));
     }
     return places;
 }
 
-int DrawLabels(QPainter &painter, const QList<QRectF> &places, const QList<Record> &records, int first,
-               bool outlines)
+int DrawLabels(QPainter &painter, const QList<QRectF> &places, const QList<Record> &records,
+               int first, bool outlines)
 {
     int drawn = 0;
     for (const QRectF &place : places) {
@@ -88,24 +89,32 @@ int DrawLabels(QPainter &painter, const QList<QRectF> &places, const QList<Recor
             painter.setPen(QPen(Qt::gray, 0));
             painter.drawRoundedRect(place, TwipsPerInch / 16, TwipsPerInch / 16);
         }
-        const QRectF inside = place.adjusted(TwipsPerInch / 10, TwipsPerInch / 14, -TwipsPerInch / 10, -TwipsPerInch / 14);
+        const QRectF inside = place.adjusted(TwipsPerInch / 10, TwipsPerInch / 14,
+                                             -TwipsPerInch / 10, -TwipsPerInch / 14);
         const double line = inside.height() / 4;
         painter.setPen(Qt::black);
         painter.setFont(fontOfTwips(line * 0.8, true));
-        painter.drawText(QRectF(inside.left(), inside.top(), inside.width(), line), Qt::AlignLeft | Qt::AlignVCenter,
-                         painter.fontMetrics().elidedText(r.value(QStringLiteral("Product")).toString(), Qt::ElideRight,
-                                                          int(inside.width())));
+        painter.drawText(
+            QRectF(inside.left(), inside.top(), inside.width(), line),
+            Qt::AlignLeft | Qt::AlignVCenter,
+            painter.fontMetrics().elidedText(r.value(QStringLiteral("Product")).toString(),
+                                             Qt::ElideRight, int(inside.width())));
         painter.setFont(fontOfTwips(line * 0.65));
-        painter.drawText(QRectF(inside.left(), inside.top() + line, inside.width(), line), Qt::AlignLeft | Qt::AlignVCenter,
-                         QStringLiteral("%1 - %2").arg(r.value(QStringLiteral("ProductType")).toString(),
-                                                       r.value(QStringLiteral("Manufacturer")).toString()));
-        painter.drawText(QRectF(inside.left(), inside.top() + 2 * line, inside.width(), line), Qt::AlignLeft | Qt::AlignVCenter,
+        painter.drawText(
+            QRectF(inside.left(), inside.top() + line, inside.width(), line),
+            Qt::AlignLeft | Qt::AlignVCenter,
+            QStringLiteral("%1 - %2").arg(r.value(QStringLiteral("ProductType")).toString(),
+                                          r.value(QStringLiteral("Manufacturer")).toString()));
+        painter.drawText(QRectF(inside.left(), inside.top() + 2 * line, inside.width(), line),
+                         Qt::AlignLeft | Qt::AlignVCenter,
                          QStringLiteral("%1 x %2 in. max.")
                              .arg(r.value(QStringLiteral("MaxWidth")).toInt())
                              .arg(r.value(QStringLiteral("MaxHeight")).toInt()));
         painter.setFont(fontOfTwips(line * 0.8, true));
-        painter.drawText(QRectF(inside.left(), inside.top() + 3 * line, inside.width(), line), Qt::AlignRight | Qt::AlignVCenter,
-                         QLocale().toCurrencyString(r.value(QStringLiteral("ListPrice")).toDouble()));
+        painter.drawText(
+            QRectF(inside.left(), inside.top() + 3 * line, inside.width(), line),
+            Qt::AlignRight | Qt::AlignVCenter,
+            QLocale().toCurrencyString(r.value(QStringLiteral("ListPrice")).toDouble()));
         ++drawn;
     }
     return drawn;

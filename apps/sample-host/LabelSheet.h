@@ -18,8 +18,8 @@ class QPainter;
 
 struct LabelGeometry {
     int columns = 1;
-    double labelWidth = 0, labelHeight = 0;      // twips
-    double horizontalGap = 0, verticalGap = 0;   // twips
+    double labelWidth = 0, labelHeight = 0;          // twips
+    double horizontalGap = 0, verticalGap = 0;       // twips
     double left = 0, top = 0, right = 0, bottom = 0; // the sheet's margins, twips
     bravcpl5::PrintDirection direction = bravcpl5::PrintDirection::AcrossThenDown;
 };
@@ -35,5 +35,5 @@ QList<QRectF> LabelPlaces(const LabelGeometry &geometry, const QSizeF &paper);
 // Draws the labels of `records` from `first` on into `places` (the painter in twips from
 // the paper's top left corner), with their outlines when `outlines` (a preview: the sheet's die
 // cuts are not printed); returns how many it drew.
-int DrawLabels(QPainter &painter, const QList<QRectF> &places, const QList<Record> &records, int first,
-               bool outlines);
+int DrawLabels(QPainter &painter, const QList<QRectF> &places, const QList<Record> &records,
+               int first, bool outlines);

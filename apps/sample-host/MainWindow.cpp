@@ -20,13 +20,20 @@ namespace {
 
 enum Column { ReportColumn, DescriptionColumn, ConfigurationColumn, PrinterColumn };
 
-QObject *store(const MainWindow &window) { return late::object(window.library(), "PrinterConfigurations"); }
+QObject *store(const MainWindow &window)
+{
+    return late::object(window.library(), "PrinterConfigurations");
+}
 
 } // namespace
 
 MainWindow::MainWindow(QObject *library, SampleHost *host, const QString &outputFolder)
-    : m_library(library), m_host(host), m_outputFolder(outputFolder), m_reports(DealerReports(host->dataFolder())),
-      m_list(new QTreeWidget), m_diagnostics(new DiagnosticsWindow(library, this))
+    : m_library(library),
+      m_host(host),
+      m_outputFolder(outputFolder),
+      m_reports(DealerReports(host->dataFolder())),
+      m_list(new QTreeWidget),
+      m_diagnostics(new DiagnosticsWindow(library, this))
 {
     setWindowTitle(QStringLiteral("Sunbridge Window Fashions - Reports"));
     m_list->setObjectName(QStringLiteral("reports"));
@@ -83,7 +90,8 @@ void MainWindow::addReportCommands()
     toolBar->setObjectName(QStringLiteral("reportToolBar"));
     toolBar->setMovable(false);
     toolBar->setToolButtonStyle(Qt::ToolButtonTextOnly);
-    const auto add = [&](const QString &text, QKeySequence shortcut, bool generalOnly, std::function<void()> run) {
+    const auto add = [&](const QString &text, QKeySequence shortcut, bool generalOnly,
+                         std::function<void()> run) {
         QAction *action = reportMenu->addAction(text);
         action->setShortcut(shortcut);
         connect(action, &QAction::triggered, this, run);
@@ -92,19 +100,18 @@ void MainWindow::addReportCommands()
         return action;
     };
     const ReportOutputContext context{m_library, m_host, this};
-    add(QStringLiteral("Pre&view"), QKeySequence(Qt::CTRL | Qt::Key_F2), false, [this, context]() {
-        PreviewReport(context, *currentReport());
-    });
-    add(QStringLiteral("&Print"), QKeySequence::Print, false, [this, context]() {
-        PrintReport(context, *currentReport());
-    });
-    add(QStringLiteral("Print to P&DF..."), {}, false, [this, context]() {
-        PrintReportToPdf(context, *currentReport(), m_outputFolder);
-    });
+    add(QStringLiteral("Pre&view"), QKeySequence(Qt::CTRL | Qt::Key_F2), false,
+        [this, context]() { PreviewReport(context, *currentReport()); });
+    add(QStringLiteral("&Print"), QKeySequence::Print, false,
+        [this, context]() { PrintReport(context, *currentReport()); });
+    add(QStringLiteral("Print to P&DF..."), {}, false,
+        [this, context]() { PrintReportToPdf(context, *currentReport(), m_outputFolder); });
     reportMenu->addSeparator();
     toolBar->addSeparator();
-    QAction *filters = add(QStringLiteral("&Filters..."), {}, true, [this]() { showReportDialog("ShowGeneralReportFilters"); });
-    QAction *fields = add(QStringLiteral("F&ields..."), {}, true, [this]() { showReportDialog("ShowGeneralReportFields"); });
+    QAction *filters = add(QStringLiteral("&Filters..."), {}, true,
+                           [this]() { showReportDialog("ShowGeneralReportFilters"); });
+    QAction *fields = add(QStringLiteral("F&ields..."), {}, true,
+                          [this]() { showReportDialog("ShowGeneralReportFields"); });
     QAction *layout = add(QStringLiteral("&Layout..."), {}, true, [this]() { editLayout(); });
     addTourAction(filters, QStringLiteral("report-filters"));
     addTourAction(fields, QStringLiteral("report-fields"));
@@ -117,10 +124,7 @@ const DealerReport *MainWindow::currentReport() const
     return row >= 0 && row < m_reports.size() ? &m_reports[row] : nullptr;
 }
 
-void MainWindow::selectReport(int index)
-{
-    m_list->setCurrentItem(m_list->topLevelItem(index));
-}
+void MainWindow::selectReport(int index) { m_list->setCurrentItem(m_list->topLevelItem(index)); }
 
 void MainWindow::updateActions()
 {
@@ -137,7 +141,8 @@ void MainWindow::showReportDialog(const char *member)
 {
     const DealerReport *report = currentReport();
     const bool confirmed = late::value(m_library, member, {report->file}).toBool();
-    log(QStringLiteral("%1(\"%2\") = %3").arg(QLatin1String(member), report->file, confirmed ? "True" : "False"));
+    log(QStringLiteral("%1(\"%2\") = %3")
+            .arg(QLatin1String(member), report->file, confirmed ? "True" : "False"));
 }
 
 // The report's own layout when it has one, else the general layout.
@@ -146,7 +151,8 @@ void MainWindow::editLayout()
     QObject *reportLayout = late::object(m_library, "ReportLayout");
     const QString file = late::text(reportLayout, "GetLayoutFile", {currentReport()->file});
     const bool confirmed = late::value(reportLayout, "ShowGeneralReportLayout", {file}).toBool();
-    log(QStringLiteral("ShowGeneralReportLayout(\"%1\") = %2").arg(file, confirmed ? "True" : "False"));
+    log(QStringLiteral("ShowGeneralReportLayout(\"%1\") = %2")
+            .arg(file, confirmed ? "True" : "False"));
     refresh();
 }
 
@@ -164,8 +170,10 @@ void MainWindow::log(const QString &line) { m_diagnostics->log(line); }
 
 void MainWindow::verifyPrinterConfigurations()
 {
-    const bool verified = late::value(store(*this), "VerifyPrinterConfigurations", {true, true}).toBool();
-    log(QStringLiteral("VerifyPrinterConfigurations(True, True) = %1").arg(verified ? "True" : "False"));
+    const bool verified =
+        late::value(store(*this), "VerifyPrinterConfigurations", {true, true}).toBool();
+    log(QStringLiteral("VerifyPrinterConfigurations(True, True) = %1")
+            .arg(verified ? "True" : "False"));
     refresh();
 }
 
@@ -175,8 +183,10 @@ void MainWindow::refresh()
     for (int row = 0; row < m_reports.size(); ++row) {
         const QString configuration = PrinterConfigurationOf(m_library, m_reports[row]);
         // Quietly: the list says what Print would find, without a message per row.
-        const QString use = late::text(configurations, "GetPrinterConfigurationToUse", {configuration, false});
-        const QString printer = late::text(configurations, "GetPrinterForConfiguration", {configuration, false});
+        const QString use = late::text(configurations, "GetPrinterConfigurationToUse",
+                                       {configuration, false});
+        const QString printer = late::text(configurations, "GetPrinterForConfiguration",
+                                           {configuration, false});
         QTreeWidgetItem *item = m_list->topLevelItem(row);
         item->setText(ConfigurationColumn, configuration);
         item->setText(PrinterColumn, use.isEmpty() ? QStringLiteral("No printer")
@@ -187,9 +197,11 @@ void MainWindow::refresh()
 
     QStringList without;
     int withDefault = 0;
-    const QStringList names = late::value(configurations, "GetPrinterConfigurations", {true}).toStringList();
+    const QStringList names =
+        late::value(configurations, "GetPrinterConfigurations", {true}).toStringList();
     for (const QString &name : names) {
-        if (name.isEmpty() || !late::text(configurations, "GetPrinterForConfiguration", {name, true}).isEmpty())
+        if (name.isEmpty()
+            || !late::text(configurations, "GetPrinterForConfiguration", {name, true}).isEmpty())
             continue;
         if (late::text(configurations, "GetPrinterForConfiguration", {name, false}).isEmpty())
             without << name;
@@ -198,12 +210,14 @@ void MainWindow::refresh()
     }
     QString status;
     if (!without.isEmpty())
-        status = QStringLiteral("%1 printer configuration(s) have no printer (%2): Settings > Printer "
-                                "Configurations assigns one.")
+        status = QStringLiteral(
+                     "%1 printer configuration(s) have no printer (%2): Settings > Printer "
+                     "Configurations assigns one.")
                      .arg(without.size())
                      .arg(without.join(QStringLiteral(", ")));
     else if (withDefault > 0)
-        status = QStringLiteral("Every printer configuration has a printer; %1 print to the default printer.")
+        status = QStringLiteral(
+                     "Every printer configuration has a printer; %1 print to the default printer.")
                      .arg(withDefault);
     else
         status = QStringLiteral("Every printer configuration has a printer of its own.");

@@ -5,14 +5,14 @@
 // items with their options, the totals with the discount, the deposit, comments, notes
 // and signature lines, each in its process report font (types 1, 6, 7 and 14 to 38).
 
-#include "ReportBands.h"
 #include "Records.h"
+#include "ReportBands.h"
 
 #include <memory>
 
 // The quote for a content area `width` twips wide; null when the library has no ReportLayout.
-std::unique_ptr<BandedReport> BuildQuoteReport(QObject *library, const Company &company, const Quote &quote,
-                                               double width);
+std::unique_ptr<BandedReport> BuildQuoteReport(QObject *library, const Company &company,
+                                               const Quote &quote, double width);
 
 // The amounts the quote prints.
 struct QuoteTotals {

@@ -19,13 +19,15 @@ constexpr std::array customers{
     Customer{"Dana Whitfield", "4410 W Hillcrest Dr", "Meridian", "83646", "(208) 555-0121"},
     Customer{"Riverside Dental Group", "980 E Parkcenter Blvd", "Boise", "83706", "(208) 555-0193"},
     Customer{"Marcus and Elena Ortiz", "1735 S Owyhee St", "Nampa", "83686", "(208) 555-0137"},
-    Customer{"Foothills Property Management", "55 E Jefferson St", "Eagle", "83616", "(208) 555-0158"},
+    Customer{"Foothills Property Management", "55 E Jefferson St", "Eagle", "83616",
+             "(208) 555-0158"},
     Customer{"Greg Tanaka", "3021 N Cole Rd", "Boise", "83704", "(208) 555-0116"},
     Customer{"Summit View Apartments", "600 W Franklin Rd", "Meridian", "83642", "(208) 555-0184"},
 };
 constexpr std::array salespeople{"Karen Bishop", "Luis Moreno", "Amy Chen"};
 constexpr std::array statuses{"Ordered", "In Production", "Shipped", "Ready to Install"};
-constexpr std::array rooms{"Living Room", "Kitchen", "Master Bedroom", "Office", "Dining Room", "Den"};
+constexpr std::array rooms{"Living Room", "Kitchen",     "Master Bedroom",
+                           "Office",      "Dining Room", "Den"};
 constexpr std::array colors{"Snow White", "Linen", "Driftwood", "Espresso", "Pewter", "Sand"};
 constexpr std::array mounts{"Inside Mount", "Outside Mount"};
 constexpr std::array controls{"Cordless", "Continuous Loop", "Motorized"};
@@ -52,19 +54,21 @@ QList<Record> select(const HostDatabase *database, const QString &sql)
 QList<Record> products(const HostDatabase *database)
 {
     QList<Record> records = select(
-        database, QStringLiteral("SELECT p.Product, t.ProductType, m.Manufacturer, v.VendorName,"
-                                 " p.ProductSource, p.ListPrice"
-                                 " FROM Products p"
-                                 " JOIN ProductTypes t ON t.ProductTypeID = p.ProductTypeID"
-                                 " LEFT JOIN Manufacturers m ON m.ManufacturerID = p.ManufacturerID"
-                                 " LEFT JOIN Vendors v ON v.VendorID = p.VendorID"
-                                 " ORDER BY t.ProductType COLLATE NOCASE, p.Product COLLATE NOCASE"));
+        database,
+        QStringLiteral("SELECT p.Product, t.ProductType, m.Manufacturer, v.VendorName,"
+                       " p.ProductSource, p.ListPrice"
+                       " FROM Products p"
+                       " JOIN ProductTypes t ON t.ProductTypeID = p.ProductTypeID"
+                       " LEFT JOIN Manufacturers m ON m.ManufacturerID = p.ManufacturerID"
+                       " LEFT JOIN Vendors v ON v.VendorID = p.VendorID"
+                       " ORDER BY t.ProductType COLLATE NOCASE, p.Product COLLATE NOCASE"));
     for (qsizetype i = 0; i < records.size(); ++i) {
         Record &r = records[i];
         const double price = r.value(QStringLiteral("ListPrice")).toDouble();
         r[QStringLiteral("ListPrice")] = price;
-        r[QStringLiteral("ProductSource")] =
-            r.value(QStringLiteral("ProductSource")).toInt() % 2 ? QStringLiteral("Fabricate") : QStringLiteral("Stock");
+        r[QStringLiteral("ProductSource")] = r.value(QStringLiteral("ProductSource")).toInt() % 2
+                                                 ? QStringLiteral("Fabricate")
+                                                 : QStringLiteral("Stock");
         r[QStringLiteral("MinWidth")] = 12 + int(i % 3) * 6;
         r[QStringLiteral("MaxWidth")] = 72 + int(i % 4) * 24;
         r[QStringLiteral("MinHeight")] = 12 + int(i % 2) * 12;
@@ -77,11 +81,12 @@ QList<Record> products(const HostDatabase *database)
 
 QList<Record> vendors(const HostDatabase *database)
 {
-    static constexpr std::array contacts{"Pat Reyes", "Jordan Blake", "Sam Whitaker", "Chris Nguyen", "Terry Walsh"};
+    static constexpr std::array contacts{"Pat Reyes", "Jordan Blake", "Sam Whitaker",
+                                         "Chris Nguyen", "Terry Walsh"};
     static constexpr std::array terms{"Net 30", "Net 45", "2% 10 Net 30"};
-    QList<Record> records =
-        select(database, QStringLiteral("SELECT VendorName, City, State, Phone FROM Vendors"
-                                        " ORDER BY VendorName COLLATE NOCASE"));
+    QList<Record> records = select(
+        database, QStringLiteral("SELECT VendorName, City, State, Phone FROM Vendors"
+                                 " ORDER BY VendorName COLLATE NOCASE"));
     for (qsizetype i = 0; i < records.size(); ++i) {
         Record &r = records[i];
         const QString name = r.value(QStringLiteral("VendorName")).toString();
@@ -89,7 +94,8 @@ QList<Record> vendors(const HostDatabase *database)
         domain.remove(QRegularExpression(QStringLiteral("[^a-z]")));
         r[QStringLiteral("Contact")] = text(contacts[size_t(i) % contacts.size()]);
         r[QStringLiteral("Address")] = QStringLiteral("%1 Commerce Way").arg(100 + i * 35);
-        r[QStringLiteral("Zip")] = QStringLiteral("%1").arg(30100 + i * 1371 % 60000, 5, 10, QLatin1Char('0'));
+        r[QStringLiteral("Zip")] = QStringLiteral("%1").arg(30100 + i * 1371 % 60000, 5, 10,
+                                                            QLatin1Char('0'));
         QString fax = r.value(QStringLiteral("Phone")).toString();
         if (!fax.isEmpty())
             fax.replace(fax.size() - 1, 1, QString::number((fax.back().digitValue() + 1) % 10));
@@ -130,7 +136,8 @@ QList<Record> orders(const HostDatabase *database)
             r[QStringLiteral("State")] = QStringLiteral("ID");
             r[QStringLiteral("Zip")] = text(customer.zip);
             r[QStringLiteral("Sidemark")] = text(rooms[size_t(order + line) % rooms.size()]);
-            r[QStringLiteral("Salesperson")] = text(salespeople[size_t(order) % salespeople.size()]);
+            r[QStringLiteral("Salesperson")] = text(
+                salespeople[size_t(order) % salespeople.size()]);
             r[QStringLiteral("Status")] = text(statuses[size_t(order) % statuses.size()]);
             for (const char *key : {"VendorName", "Manufacturer", "ProductType", "Product"})
                 r[QLatin1String(key)] = product.value(QLatin1String(key));
@@ -184,8 +191,10 @@ Quote SampleQuote(const HostDatabase *database)
         QuoteLine line;
         line.product = product.value(QStringLiteral("Product")).toString();
         line.options = QStringLiteral("%1; %2; %3; %4")
-                           .arg(text(rooms[size_t(i) % rooms.size()]), text(mounts[size_t(i) % mounts.size()]),
-                                text(colors[size_t(i * 2) % colors.size()]), text(controls[size_t(i) % controls.size()]));
+                           .arg(text(rooms[size_t(i) % rooms.size()]),
+                                text(mounts[size_t(i) % mounts.size()]),
+                                text(colors[size_t(i * 2) % colors.size()]),
+                                text(controls[size_t(i) % controls.size()]));
         line.quantity = 1 + i % 3;
         line.width = 23.5 + i * 6.25;
         line.height = 48 + (i % 3) * 12;
@@ -198,14 +207,17 @@ Quote SampleQuote(const HostDatabase *database)
 Company SampleCompany(const HostDatabase *database)
 {
     const QList<Record> rows = select(
-        database, QStringLiteral("SELECT CompanyName, BillToAddress, BillToCity, BillToState, BillToZip, Phone"
-                                 " FROM Company LIMIT 1"));
+        database, QStringLiteral(
+                      "SELECT CompanyName, BillToAddress, BillToCity, BillToState, BillToZip, Phone"
+                      " FROM Company LIMIT 1"));
     if (rows.isEmpty())
         return {};
     const Record &r = rows.first();
-    return {r.value(QStringLiteral("CompanyName")).toString(), r.value(QStringLiteral("BillToAddress")).toString(),
+    return {r.value(QStringLiteral("CompanyName")).toString(),
+            r.value(QStringLiteral("BillToAddress")).toString(),
             QStringLiteral("%1, %2 %3")
-                .arg(r.value(QStringLiteral("BillToCity")).toString(), r.value(QStringLiteral("BillToState")).toString(),
+                .arg(r.value(QStringLiteral("BillToCity")).toString(),
+                     r.value(QStringLiteral("BillToState")).toString(),
                      r.value(QStringLiteral("BillToZip")).toString()),
             r.value(QStringLiteral("Phone")).toString()};
 }

@@ -45,11 +45,10 @@ BandRow Spacer(double twips)
 
 ControlMaker::ControlMaker(QObject *reportLayout, qint16 reportType)
     : m_layout(reportLayout), m_reportType(reportType)
-{
-}
+{}
 
-ReportLabel *ControlMaker::label(BandRow &row, const QString &caption, qint16 fontType, double left, double width,
-                                 qint16 alignment)
+ReportLabel *ControlMaker::label(BandRow &row, const QString &caption, qint16 fontType, double left,
+                                 double width, qint16 alignment)
 {
     auto *control = new ReportLabel(&m_controls);
     control->setProperty("Caption", caption);
@@ -57,8 +56,8 @@ ReportLabel *ControlMaker::label(BandRow &row, const QString &caption, qint16 fo
     return control;
 }
 
-ReportField *ControlMaker::field(BandRow &row, const QString &dataField, const QString &text, qint16 fontType,
-                                 double left, double width, qint16 alignment)
+ReportField *ControlMaker::field(BandRow &row, const QString &dataField, const QString &text,
+                                 qint16 fontType, double left, double width, qint16 alignment)
 {
     auto *control = new ReportField(&m_controls);
     control->setProperty("DataField", dataField);
@@ -72,14 +71,15 @@ void ControlMaker::format(QObject *control, const char *member, const QVariant &
     late::call(m_layout, member, {QVariant::fromValue(control), code});
 }
 
-void ControlMaker::place(BandRow &row, ReportControl *control, qint16 fontType, double left, double width,
-                         qint16 alignment)
+void ControlMaker::place(BandRow &row, ReportControl *control, qint16 fontType, double left,
+                         double width, qint16 alignment)
 {
     format(control, "ApplyAlignmentToControl", alignment);
     late::call(m_layout, "ApplyFontSettingsToControl",
                {QVariant::fromValue<QObject *>(control), m_reportType, fontType});
     control->setTwipsRect(QRectF(left, 0, width, 0));
-    row.height = qMax(row.height, late::value(m_layout, "GetFontHeight", {m_reportType, fontType}).toDouble());
+    row.height = qMax(row.height,
+                      late::value(m_layout, "GetFontHeight", {m_reportType, fontType}).toDouble());
     row.controls.push_back(control);
 }
 

@@ -41,14 +41,15 @@ public:
 
     bravcpl5::ReportLabel *label(BandRow &row, const QString &caption, qint16 fontType, double left,
                                  double width, qint16 alignment = alignLeft);
-    bravcpl5::ReportField *field(BandRow &row, const QString &dataField, const QString &text, qint16 fontType,
-                                 double left, double width, qint16 alignment = alignLeft);
+    bravcpl5::ReportField *field(BandRow &row, const QString &dataField, const QString &text,
+                                 qint16 fontType, double left, double width,
+                                 qint16 alignment = alignLeft);
     // Calls a formatting member (ApplyBorderToControl and the like) on a control.
     void format(QObject *control, const char *member, const QVariant &code);
 
 private:
-    void place(BandRow &row, bravcpl5::ReportControl *control, qint16 fontType, double left, double width,
-               qint16 alignment);
+    void place(BandRow &row, bravcpl5::ReportControl *control, qint16 fontType, double left,
+               double width, qint16 alignment);
 
     QObject *m_layout;
     qint16 m_reportType;

@@ -26,10 +26,12 @@ bool setUp(const ReportOutputContext &context, const DealerReport &report, Refer
 {
     QObject *store = late::object(context.library, "PrinterConfigurations");
     const QString configuration = PrinterConfigurationOf(context.library, report);
-    if (toPrinter && late::text(store, "GetPrinterConfigurationToUse", {configuration, true}).isEmpty())
+    if (toPrinter
+        && late::text(store, "GetPrinterConfigurationToUse", {configuration, true}).isEmpty())
         return false;
     printed.setDocumentName(report.name);
-    late::call(store, "SetupPageFromPrinterConfiguration", {configuration, QVariant::fromValue<QObject *>(&printed), false});
+    late::call(store, "SetupPageFromPrinterConfiguration",
+               {configuration, QVariant::fromValue<QObject *>(&printed), false});
     return true;
 }
 
@@ -39,8 +41,8 @@ void PreviewReport(const ReportOutputContext &context, const DealerReport &repor
 {
     ReferenceReport printed;
     setUp(context, report, printed, false);
-    const ReferenceReport::PageDrawer draw =
-        PageDrawerFor(context.library, context.host->database(), report, true);
+    const ReferenceReport::PageDrawer draw = PageDrawerFor(context.library,
+                                                           context.host->database(), report, true);
     // A PDF printer: the preview's own Print button then writes a file rather than
     // sending a second job past the library's choice of printer.
     QPrinter printer(QPrinter::HighResolution);
@@ -60,9 +62,10 @@ bool PrintReport(const ReportOutputContext &context, const DealerReport &report)
     if (!setUp(context, report, printed, true))
         return false;
     int pages = 0;
-    const ReferenceReport::PageDrawer draw = PageDrawerFor(context.library, context.host->database(), report, false, &pages);
-    QProgressDialog progress(QStringLiteral("Printing %1...").arg(report.name), QStringLiteral("Cancel"), 0, 0,
-                             context.parent);
+    const ReferenceReport::PageDrawer draw = PageDrawerFor(
+        context.library, context.host->database(), report, false, &pages);
+    QProgressDialog progress(QStringLiteral("Printing %1...").arg(report.name),
+                             QStringLiteral("Cancel"), 0, 0, context.parent);
     progress.setWindowTitle(QStringLiteral("Printing"));
     progress.setWindowModality(Qt::WindowModal);
     progress.setMinimumDuration(500);
@@ -80,11 +83,14 @@ bool PrintReport(const ReportOutputContext &context, const DealerReport &report)
     if (!sent) {
         QMessageBox::warning(context.parent, QStringLiteral("Print"),
                              QStringLiteral("%1 could not be printed on %2.")
-                                 .arg(report.name, printer.isEmpty() ? QStringLiteral("the default printer") : printer));
+                                 .arg(report.name, printer.isEmpty()
+                                                       ? QStringLiteral("the default printer")
+                                                       : printer));
         return false;
     }
     QString message = QStringLiteral("%1 was sent to %2 (%3 pages).")
-                          .arg(report.name, printer.isEmpty() ? QStringLiteral("the default printer") : printer)
+                          .arg(report.name,
+                               printer.isEmpty() ? QStringLiteral("the default printer") : printer)
                           .arg(pages);
     for (const QString &change : printed.lastPage().adjustments)
         message += u'\n' + QStringLiteral("Changed for the printer: %1").arg(change);
@@ -92,7 +98,8 @@ bool PrintReport(const ReportOutputContext &context, const DealerReport &report)
     return true;
 }
 
-bool WriteReportPdf(const ReportOutputContext &context, const DealerReport &report, const QString &file)
+bool WriteReportPdf(const ReportOutputContext &context, const DealerReport &report,
+                    const QString &file)
 {
     ReferenceReport printed;
     setUp(context, report, printed, false);
@@ -100,23 +107,27 @@ bool WriteReportPdf(const ReportOutputContext &context, const DealerReport &repo
     return printed.print(PageDrawerFor(context.library, context.host->database(), report, false));
 }
 
-void PrintReportToPdf(const ReportOutputContext &context, const DealerReport &report, const QString &folder)
+void PrintReportToPdf(const ReportOutputContext &context, const DealerReport &report,
+                      const QString &folder)
 {
-    const QString file = QFileDialog::getSaveFileName(context.parent, QStringLiteral("Print to PDF"),
-                                                      QDir(folder).filePath(report.name + QStringLiteral(".pdf")),
-                                                      QStringLiteral("PDF files (*.pdf)"));
+    const QString file = QFileDialog::getSaveFileName(
+        context.parent, QStringLiteral("Print to PDF"),
+        QDir(folder).filePath(report.name + QStringLiteral(".pdf")),
+        QStringLiteral("PDF files (*.pdf)"));
     if (file.isEmpty())
         return;
     QApplication::setOverrideCursor(Qt::WaitCursor);
     const bool written = WriteReportPdf(context, report, file);
     QApplication::restoreOverrideCursor();
     if (!written) {
-        QMessageBox::warning(context.parent, QStringLiteral("Print to PDF"),
-                             QStringLiteral("%1 could not be written.").arg(QDir::toNativeSeparators(file)));
+        QMessageBox::warning(
+            context.parent, QStringLiteral("Print to PDF"),
+            QStringLiteral("%1 could not be written.").arg(QDir::toNativeSeparators(file)));
         return;
     }
-    if (QMessageBox::question(context.parent, QStringLiteral("Print to PDF"),
-                              QStringLiteral("%1 was written. Open it now?").arg(QDir::toNativeSeparators(file)))
+    if (QMessageBox::question(
+            context.parent, QStringLiteral("Print to PDF"),
+            QStringLiteral("%1 was written. Open it now?").arg(QDir::toNativeSeparators(file)))
         == QMessageBox::Yes)
         QDesktopServices::openUrl(QUrl::fromLocalFile(file));
 }

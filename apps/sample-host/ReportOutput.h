@@ -24,7 +24,9 @@ void PreviewReport(const ReportOutputContext &context, const DealerReport &repor
 bool PrintReport(const ReportOutputContext &context, const DealerReport &report);
 
 // Writes the report as a PDF to `file` without asking anything; false when it could not.
-bool WriteReportPdf(const ReportOutputContext &context, const DealerReport &report, const QString &file);
+bool WriteReportPdf(const ReportOutputContext &context, const DealerReport &report,
+                    const QString &file);
 
 // Asks for a PDF file, writes it, and offers to open it.
-void PrintReportToPdf(const ReportOutputContext &context, const DealerReport &report, const QString &folder);
+void PrintReportToPdf(const ReportOutputContext &context, const DealerReport &report,
+                      const QString &folder);

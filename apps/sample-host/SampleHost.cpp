@@ -11,8 +11,7 @@
 
 SampleOptions::SampleOptions(QString dataFolder, QObject *parent)
     : QObject(parent), m_dataFolder(std::move(dataFolder))
-{
-}
+{}
 
 QString SampleOptions::FixSettingsKey(const QString &key) const
 {

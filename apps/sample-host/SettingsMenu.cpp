@@ -28,8 +28,8 @@ QString chooseConfiguration(MainWindow &window, const QString &title)
     if (names.size() <= 1 || QGuiApplication::platformName() == QLatin1String("offscreen"))
         return names.value(0);
     bool ok = false;
-    const QString name = QInputDialog::getItem(&window, title, QStringLiteral("Printer configuration:"), names, 0,
-                                               false, &ok);
+    const QString name = QInputDialog::getItem(
+        &window, title, QStringLiteral("Printer configuration:"), names, 0, false, &ok);
     return ok ? name : QString();
 }
 
@@ -41,14 +41,16 @@ void printTestPage(MainWindow &window, const QString &name)
     QObject *store = late::object(window.library(), "PrinterConfigurations");
     ReferenceReport report;
     report.setDocumentName(QStringLiteral("Test page - %1").arg(name));
-    late::call(store, "SetupPageFromPrinterConfiguration", {name, QVariant::fromValue<QObject *>(&report), false});
+    late::call(store, "SetupPageFromPrinterConfiguration",
+               {name, QVariant::fromValue<QObject *>(&report), false});
 
     // A printer that is assigned and installed gets the page; otherwise it goes to a PDF.
     const QString printer = FindPrinter(CurrentPrinterInfo(), report.printer()->deviceName());
     if (printer.isEmpty())
-        report.setOutputFileName(QDir(window.outputFolder()).filePath(QStringLiteral("test-page-%1.pdf").arg(name)));
-    const TestPageInfo info{name, printer, report.pageSettings()->paperSize(), report.pageSettings()->paperSource(),
-                            report.printWidth()};
+        report.setOutputFileName(
+            QDir(window.outputFolder()).filePath(QStringLiteral("test-page-%1.pdf").arg(name)));
+    const TestPageInfo info{name, printer, report.pageSettings()->paperSize(),
+                            report.pageSettings()->paperSource(), report.printWidth()};
     const bool printed = report.print([&](QPainter &painter, const ReportPageToDraw &page) {
         return DrawTestPage(painter, page, report.lastPage(), info);
     });
@@ -56,7 +58,8 @@ void printTestPage(MainWindow &window, const QString &name)
     if (!printed)
         message = QStringLiteral("The test page with \"%1\" could not be printed.").arg(name);
     else if (printer.isEmpty())
-        message = QStringLiteral("No printer is installed for \"%1\"; the test page was written to %2.")
+        message = QStringLiteral(
+                      "No printer is installed for \"%1\"; the test page was written to %2.")
                       .arg(name, QDir::toNativeSeparators(report.outputFileName()));
     else
         message = QStringLiteral("The test page with \"%1\" was sent to %2.").arg(name, printer);
@@ -73,9 +76,11 @@ void pageSetup(MainWindow &window)
     if (name.isEmpty())
         return;
     QObject *store = late::object(window.library(), "PrinterConfigurations");
-    const QString printer = late::value(store, "GetPrinterForConfiguration", {name, true}).toString();
+    const QString printer =
+        late::value(store, "GetPrinterForConfiguration", {name, true}).toString();
     const bool confirmed = late::value(store, "ShowPageSetup", {name, printer}).toBool();
-    window.log(QStringLiteral("ShowPageSetup(\"%1\", \"%2\") = %3").arg(name, printer, confirmed ? "True" : "False"));
+    window.log(QStringLiteral("ShowPageSetup(\"%1\", \"%2\") = %3")
+                   .arg(name, printer, confirmed ? "True" : "False"));
     if (confirmed
         && QMessageBox::question(&window, QStringLiteral("Page Setup"),
                                  QStringLiteral("Print a test page with \"%1\" now?").arg(name))
@@ -87,8 +92,10 @@ void pageSetup(MainWindow &window)
 // created, so after a change the host starts over with a fresh one.
 void editFonts(MainWindow &window, const char *member)
 {
-    const bool confirmed = late::value(late::object(window.library(), "ReportLayout"), member).toBool();
-    window.log(QStringLiteral("%1() = %2").arg(QLatin1String(member), confirmed ? "True" : "False"));
+    const bool confirmed =
+        late::value(late::object(window.library(), "ReportLayout"), member).toBool();
+    window.log(
+        QStringLiteral("%1() = %2").arg(QLatin1String(member), confirmed ? "True" : "False"));
     if (confirmed)
         window.restartLibrary();
 }
@@ -98,7 +105,8 @@ void editFonts(MainWindow &window, const char *member)
 void addSettingsMenu(MainWindow &window)
 {
     QMenu *menu = window.menu(QStringLiteral("&Settings"));
-    const auto add = [&](const QString &text, const QString &screenshot, std::function<void()> run) {
+    const auto add = [&](const QString &text, const QString &screenshot,
+                         std::function<void()> run) {
         QAction *action = menu->addAction(text);
         QObject::connect(action, &QAction::triggered, &window, [&window, run]() {
             run();
@@ -106,17 +114,22 @@ void addSettingsMenu(MainWindow &window)
         });
         window.addTourAction(action, screenshot);
     };
-    add(QStringLiteral("Printer &Configurations..."), QStringLiteral("printer-configurations"), [&window]() {
-        late::call(window.library(), "ShowPrinterConfigurations");
-        window.log(QStringLiteral("ShowPrinterConfigurations()"));
-    });
-    add(QStringLiteral("Page &Setup..."), QStringLiteral("page-setup"), [&window]() { pageSetup(window); });
+    add(QStringLiteral("Printer &Configurations..."), QStringLiteral("printer-configurations"),
+        [&window]() {
+            late::call(window.library(), "ShowPrinterConfigurations");
+            window.log(QStringLiteral("ShowPrinterConfigurations()"));
+        });
+    add(QStringLiteral("Page &Setup..."), QStringLiteral("page-setup"),
+        [&window]() { pageSetup(window); });
     menu->addSeparator();
-    add(QStringLiteral("General Report &Layout..."), QStringLiteral("general-report-layout"), [&window]() {
-        QObject *reportLayout = late::object(window.library(), "ReportLayout");
-        const bool confirmed = late::value(reportLayout, "ShowGeneralReportLayout", {QString()}).toBool();
-        window.log(QStringLiteral("ShowGeneralReportLayout(\"\") = %1").arg(confirmed ? "True" : "False"));
-    });
+    add(QStringLiteral("General Report &Layout..."), QStringLiteral("general-report-layout"),
+        [&window]() {
+            QObject *reportLayout = late::object(window.library(), "ReportLayout");
+            const bool confirmed =
+                late::value(reportLayout, "ShowGeneralReportLayout", {QString()}).toBool();
+            window.log(QStringLiteral("ShowGeneralReportLayout(\"\") = %1")
+                           .arg(confirmed ? "True" : "False"));
+        });
     add(QStringLiteral("General Report &Fonts..."), QStringLiteral("general-report-fonts"),
         [&window]() { editFonts(window, "ShowGeneralReportFonts"); });
     add(QStringLiteral("P&rocess Report Fonts..."), QStringLiteral("process-report-fonts"),
@@ -125,6 +138,7 @@ void addSettingsMenu(MainWindow &window)
     add(QStringLiteral("Print a &Test Page..."), QStringLiteral("test-page"), [&window]() {
         printTestPage(window, chooseConfiguration(window, QStringLiteral("Print a Test Page")));
     });
-    add(QStringLiteral("&Verify Printer Configurations"), QStringLiteral("verify-printer-configurations"),
+    add(QStringLiteral("&Verify Printer Configurations"),
+        QStringLiteral("verify-printer-configurations"),
         [&window]() { window.verifyPrinterConfigurations(); });
 }

@@ -9,7 +9,7 @@ class QPainter;
 // What the test page reports besides the geometry it draws.
 struct TestPageInfo {
     QString configuration;
-    QString printer;    // "" when the page goes to a PDF only
+    QString printer; // "" when the page goes to a PDF only
     int paperSize = 0;
     int paperSource = 0;
     float printWidth = 0; // twips, as the configuration set it

@@ -11,8 +11,8 @@
 #include <QDialog>
 #include <QDir>
 #include <QPixmap>
-#include <QTabWidget>
 #include <QScreen>
+#include <QTabWidget>
 #include <QTimer>
 #include <QTreeWidget>
 #include <functional>
@@ -27,7 +27,10 @@ bool saveDialog(QWidget *dialog, const QString &outputFolder, const QString &nam
         for (int i = 1; i < tabs->count(); ++i) {
             tabs->setCurrentIndex(i);
             QApplication::processEvents();
-            const QString tab = tabs->tabText(i).remove(QLatin1Char('&')).toLower().replace(QLatin1Char(' '), QLatin1Char('-'));
+            const QString tab = tabs->tabText(i)
+                                    .remove(QLatin1Char('&'))
+                                    .toLower()
+                                    .replace(QLatin1Char(' '), QLatin1Char('-'));
             saved = SaveScreenshot(dialog, outputFolder, name + QLatin1Char('-') + tab) && saved;
         }
     }
@@ -35,10 +38,7 @@ bool saveDialog(QWidget *dialog, const QString &outputFolder, const QString &nam
 }
 
 // File names of the tour's outputs: "Open Orders" gives "open-orders".
-QString slug(QString text)
-{
-    return text.toLower().replace(QLatin1Char(' '), QLatin1Char('-'));
-}
+QString slug(QString text) { return text.toLower().replace(QLatin1Char(' '), QLatin1Char('-')); }
 
 // Runs `action` on the next modal widget that is named, or is of the class, `name`.
 void whenModal(const char *name, std::function<void(QWidget *)> action)
@@ -72,15 +72,19 @@ void printerConfigurationsAtWork(MainWindow &window, const QString &outputFolder
         grid->editItem(grid->topLevelItem(0), 1);
         QTimer::singleShot(300, dialog, [&, dialog, grid]() {
             const QRect area(dialog->mapToGlobal(QPoint(0, 0)), dialog->size());
-            if (!dialog->screen()->grabWindow(0, area.x(), area.y(), area.width(), area.height())
-                     .save(QDir(outputFolder).filePath(QStringLiteral("printer-configurations-printer-list.png"))))
+            if (!dialog->screen()
+                     ->grabWindow(0, area.x(), area.y(), area.width(), area.height())
+                     .save(
+                         QDir(outputFolder)
+                             .filePath(QStringLiteral("printer-configurations-printer-list.png"))))
                 ++failures;
             if (QWidget *popup = QApplication::activePopupWidget())
                 popup->close();
             // Once the drop-down's editor has gone, as a user's next step would wait for it.
             QTimer::singleShot(100, dialog, [&, dialog, grid]() {
                 whenModal("QMessageBox", [&, dialog](QWidget *box) {
-                    if (!SaveScreenshot(box, outputFolder, QStringLiteral("printer-configurations-rename-refused")))
+                    if (!SaveScreenshot(box, outputFolder,
+                                        QStringLiteral("printer-configurations-rename-refused")))
                         ++failures;
                     box->close();
                     QTimer::singleShot(0, dialog, &QWidget::close);
@@ -136,10 +140,13 @@ int RunTour(MainWindow &window, const QString &outputFolder)
     const QList<DealerReport> &reports = window.reports();
     for (int i = 0; i < reports.size(); ++i) {
         const QString name = slug(reports[i].name);
-        if (!WriteReportPdf(context, reports[i], QDir(outputFolder).filePath(name + QStringLiteral(".pdf"))))
+        if (!WriteReportPdf(context, reports[i],
+                            QDir(outputFolder).filePath(name + QStringLiteral(".pdf"))))
             ++failures;
-        if (name == QLatin1String("product-price-list") || reports[i].kind != DealerReport::Kind::General)
-            runStep(QStringLiteral("preview-") + name, [&]() { PreviewReport(context, reports[i]); });
+        if (name == QLatin1String("product-price-list")
+            || reports[i].kind != DealerReport::Kind::General)
+            runStep(QStringLiteral("preview-") + name,
+                    [&]() { PreviewReport(context, reports[i]); });
     }
 
     // The report commands work on the first report, a general one.

@@ -43,8 +43,12 @@ void ensureRuntimeFolder()
 {
     if (!qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR"))
         return;
-    const QString folder = QDir::temp().filePath(QStringLiteral("runtime-%1").arg(qEnvironmentVariable("USER", QStringLiteral("sample-host"))));
-    if (QDir().mkpath(folder) && QFile::setPermissions(folder, QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner))
+    const QString folder = QDir::temp().filePath(
+        QStringLiteral("runtime-%1")
+            .arg(qEnvironmentVariable("USER", QStringLiteral("sample-host"))));
+    if (QDir().mkpath(folder)
+        && QFile::setPermissions(folder, QFileDevice::ReadOwner | QFileDevice::WriteOwner
+                                             | QFileDevice::ExeOwner))
         qputenv("XDG_RUNTIME_DIR", QFile::encodeName(folder));
 }
 
@@ -70,21 +74,22 @@ int main(int argc, char **argv)
 
     QCommandLineParser parser;
     parser.addHelpOption();
-    QCommandLineOption dataOption(QStringLiteral("data"),
-                                  QStringLiteral("Settings tree to use (default: the user's data folder)."),
-                                  QStringLiteral("folder"));
-    QCommandLineOption tourOption(QStringLiteral("tour"),
-                                  QStringLiteral("Run every menu command unattended, save screenshots "
-                                                 "and output into <folder>, then exit."),
-                                  QStringLiteral("folder"));
+    QCommandLineOption dataOption(
+        QStringLiteral("data"),
+        QStringLiteral("Settings tree to use (default: the user's data folder)."),
+        QStringLiteral("folder"));
+    QCommandLineOption tourOption(
+        QStringLiteral("tour"),
+        QStringLiteral("Run every menu command unattended, save screenshots "
+                       "and output into <folder>, then exit."),
+        QStringLiteral("folder"));
     parser.addOption(dataOption);
     parser.addOption(tourOption);
     parser.process(app);
 
-    const QString dataFolder =
-        parser.isSet(dataOption)
-            ? parser.value(dataOption)
-            : QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation);
+    const QString dataFolder = parser.isSet(dataOption) ? parser.value(dataOption)
+                                                        : QStandardPaths::writableLocation(
+                                                            QStandardPaths::AppLocalDataLocation);
     InstallSampleData(dataFolder);
     // A sample tree of its own (or the tour) keeps its printer assignments and window
     // places beside it, so trying the sample host leaves the user's own settings alone.
@@ -107,7 +112,8 @@ int main(int argc, char **argv)
     int result = 0;
     if (headless || parser.isSet(tourOption)) {
         result = RunTour(window, outputFolder);
-        QTextStream(stdout) << "Screenshots and output: " << QDir(outputFolder).absolutePath() << '\n';
+        QTextStream(stdout) << "Screenshots and output: " << QDir(outputFolder).absolutePath()
+                            << '\n';
     } else {
         QTimer::singleShot(0, &window, &MainWindow::verifyPrinterConfigurations);
         result = QApplication::exec();

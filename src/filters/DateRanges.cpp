@@ -22,11 +22,16 @@ QDate readDatePart(const QString &part)
 QStringList DateRangeChoices()
 {
     // The order is the one users know; it is deliberately not grouped by kind.
-    return {QStringLiteral("Today"),        QStringLiteral("Yesterday"),
-            QStringLiteral("This Year"),    QStringLiteral("This Week"),
-            QStringLiteral("This Month"),   QStringLiteral("Last Week"),
-            QStringLiteral("Last Month"),   QStringLiteral("Past 30 days"),
-            QStringLiteral("Past 60 days"), QStringLiteral("Past 90 days"),
+    return {QStringLiteral("Today"),
+            QStringLiteral("Yesterday"),
+            QStringLiteral("This Year"),
+            QStringLiteral("This Week"),
+            QStringLiteral("This Month"),
+            QStringLiteral("Last Week"),
+            QStringLiteral("Last Month"),
+            QStringLiteral("Past 30 days"),
+            QStringLiteral("Past 60 days"),
+            QStringLiteral("Past 90 days"),
             QString::fromLatin1(customDateRangeName)};
 }
 

@@ -24,7 +24,8 @@ struct DatabaseList {
 constexpr DatabaseList databaseLists[] = {
     {FilterType::Manufacturer, "SELECT Manufacturer FROM Manufacturers ORDER BY Manufacturer",
      "Manufacturer"},
-    {FilterType::ProductType, "SELECT ProductType FROM ProductTypes ORDER BY ProductType", "ProductType"},
+    {FilterType::ProductType, "SELECT ProductType FROM ProductTypes ORDER BY ProductType",
+     "ProductType"},
     {FilterType::Product, "SELECT Product FROM Products ORDER BY Product", "Product"},
     {FilterType::Vendor, "SELECT VendorName FROM Vendors ORDER BY VendorName", "VendorName"},
 };
@@ -62,8 +63,8 @@ void appendDatabaseChoices(QObject *host, const DatabaseList &list, QList<Filter
     if (!database)
         return;
     const QString field = QString::fromLatin1(list.field);
-    const XmlDocumentPtr rows =
-        LoadXmlText(late::text(database, "ExecuteRead", {QString::fromLatin1(list.query)}));
+    const XmlDocumentPtr rows = LoadXmlText(
+        late::text(database, "ExecuteRead", {QString::fromLatin1(list.query)}));
     const pugi::xml_node records = rows ? SelectSingleNode(*rows, QStringLiteral("Records")).node()
                                         : pugi::xml_node();
     StringWriter writer;

@@ -80,10 +80,9 @@ QString ResolveFilterValue(QObject *host, const QString &value)
             continue;
         QObject *common = host::common(host);
         const QString query = QString::fromLatin1(token.query);
-        const QVariant answer =
-            token.field ? late::value(common, "ExecuteSelectField",
-                                      {query, QString::fromLatin1(token.field)})
-                        : late::value(common, "ExecuteScaler", {query});
+        const QVariant answer = token.field ? late::value(common, "ExecuteSelectField",
+                                                          {query, QString::fromLatin1(token.field)})
+                                            : late::value(common, "ExecuteScaler", {query});
         return answer.isValid() ? values::variantToText(answer) : value;
     }
     return value;
@@ -145,9 +144,9 @@ QList<FilterRow> LoadFilterRows(QObject *host, const pugi::xml_document &documen
         row.caption = GetXmlAttribute(node, QStringLiteral("label"), row.identifier);
         row.typeName = GetXmlAttribute(node, QStringLiteral("type"), QString()).toLower();
         row.type = ParseFilterType(row.typeName);
-        row.allowAll =
-            values::textToInt32(GetXmlAttribute(node, QStringLiteral("allowall"), QStringLiteral("0")))
-                .value_or(0);
+        row.allowAll = values::textToInt32(
+                           GetXmlAttribute(node, QStringLiteral("allowall"), QStringLiteral("0")))
+                           .value_or(0);
         ApplyFilterValue(row, ResolveFilterValue(
                                   host, GetXmlAttribute(node, QStringLiteral("value"), QString())));
         rows.append(row);
@@ -166,7 +165,8 @@ bool SaveFilterValues(pugi::xml_document &document, const QList<FilterRow> &rows
             byName.insert(QString::fromUtf8(node.name()), node);
     }
     for (const FilterRow &row : rows) {
-        for (auto it = byName.constFind(row.identifier); it != byName.cend() && it.key() == row.identifier; ++it)
+        for (auto it = byName.constFind(row.identifier);
+             it != byName.cend() && it.key() == row.identifier; ++it)
             SetXmlAttribute(*it, QStringLiteral("value"), row.value);
     }
     return SaveXmlDocument(document, file);

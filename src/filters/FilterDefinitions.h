@@ -27,9 +27,9 @@
 namespace bravcpl5 {
 
 struct FilterRow {
-    QString identifier;   // the filter element's name; ties the row to its element
-    QString caption;      // `label`, else the element name
-    QString description;  // see GetFilterDescription
+    QString identifier;  // the filter element's name; ties the row to its element
+    QString caption;     // `label`, else the element name
+    QString description; // see GetFilterDescription
     FilterType type = FilterType::FreeText;
     QString typeName;     // `type` in lower case, as the dialog's hidden column holds it
     int allowAll = 0;     // `allowall` as a whole number; 1 offers "(All Vendors)"
@@ -71,8 +71,7 @@ QList<FilterChoice> FillFilterChoices(QObject *host, FilterType type, int allowA
 
 // Sets the row's value and shown caption from `value` by the row's type. A custom date
 // range is passed to `editor` when one is given.
-void ApplyFilterValue(FilterRow &row, const QString &value,
-                      const CustomRangeEditor &editor = {});
+void ApplyFilterValue(FilterRow &row, const QString &value, const CustomRangeEditor &editor = {});
 
 // The user chose or typed `value` for the row. Choosing "Custom Date Range" starts the
 // range at today to today, unless the row already held a custom range, whose dates it

@@ -8,9 +8,12 @@ FilterType ParseFilterType(const QString &text)
         const char *name;
         FilterType type;
     } names[] = {
-        {"boolean", FilterType::Boolean},           {"daterange", FilterType::DateRange},
-        {"productsource", FilterType::ProductSource}, {"manufacturer", FilterType::Manufacturer},
-        {"producttype", FilterType::ProductType},   {"product", FilterType::Product},
+        {"boolean", FilterType::Boolean},
+        {"daterange", FilterType::DateRange},
+        {"productsource", FilterType::ProductSource},
+        {"manufacturer", FilterType::Manufacturer},
+        {"producttype", FilterType::ProductType},
+        {"product", FilterType::Product},
         {"vendor", FilterType::Vendor},
     };
     for (const auto &entry : names) {

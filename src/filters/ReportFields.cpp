@@ -44,7 +44,8 @@ bool SaveReportFields(pugi::xml_document *document, const QList<OutputField> &fi
     // The first element of each name takes the size; indexed once, so that a save takes
     // time in proportion to the fields.
     QHash<QString, pugi::xml_node> byName;
-    for (pugi::xml_node node = fieldsElement(*document).first_child(); node; node = node.next_sibling()) {
+    for (pugi::xml_node node = fieldsElement(*document).first_child(); node;
+         node = node.next_sibling()) {
         if (!byName.contains(nameOf(node)))
             byName.insert(nameOf(node), node);
     }

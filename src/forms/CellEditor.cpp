@@ -123,12 +123,12 @@ void CellEditor::setModelData(QWidget *editor, QAbstractItemModel *, const QMode
     if (auto *box = dynamic_cast<ChoiceBox *>(editor)) {
         if (box->picked)
             emit const_cast<CellEditor *>(this)->edited(index, box->currentText());
-    }
-    else if (auto *field = qobject_cast<QLineEdit *>(editor))
+    } else if (auto *field = qobject_cast<QLineEdit *>(editor))
         emit const_cast<CellEditor *>(this)->edited(index, field->text());
 }
 
-void CellEditor::paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const
+void CellEditor::paint(QPainter *painter, const QStyleOptionViewItem &option,
+                       const QModelIndex &index) const
 {
     QStyledItemDelegate::paint(painter, option, index);
     const QString hint = index.data(GridHintRole).toString();
@@ -141,8 +141,9 @@ void CellEditor::paint(QPainter *painter, const QStyleOptionViewItem &option, co
     const QRect text = style->subElementRect(QStyle::SE_ItemViewItemText, &cell, widget);
     const int margin = style->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, widget) + 1;
     painter->save();
-    painter->setPen(cell.palette.color(cell.state & QStyle::State_Selected ? QPalette::HighlightedText
-                                                                             : QPalette::PlaceholderText));
+    painter->setPen(cell.palette.color(cell.state & QStyle::State_Selected
+                                           ? QPalette::HighlightedText
+                                           : QPalette::PlaceholderText));
     painter->setFont(cell.font);
     painter->drawText(text.adjusted(margin, 0, -margin, 0), Qt::AlignVCenter | Qt::AlignLeft,
                       cell.fontMetrics.elidedText(hint, Qt::ElideRight, text.width() - 2 * margin));
@@ -156,7 +157,8 @@ QSize CellEditor::sizeHint(const QStyleOptionViewItem &option, const QModelIndex
         return size;
     // A cell in a font of its own is measured in that font.
     const QVariant font = index.data(Qt::FontRole);
-    const QFontMetrics metrics = font.isValid() ? QFontMetrics(font.value<QFont>()) : option.fontMetrics;
+    const QFontMetrics metrics = font.isValid() ? QFontMetrics(font.value<QFont>())
+                                                : option.fontMetrics;
     size.setHeight(qMax(size.height(), metrics.height() * 3 / 2 + 4));
     return size;
 }

@@ -28,7 +28,10 @@ struct GridCell {
 
     static GridCell readOnly() { return {}; }
     static GridCell text() { return {Text, {}}; }
-    static GridCell list(std::function<QStringList()> choices) { return {List, std::move(choices)}; }
+    static GridCell list(std::function<QStringList()> choices)
+    {
+        return {List, std::move(choices)};
+    }
 };
 
 class CellEditor : public QStyledItemDelegate
@@ -52,7 +55,8 @@ public:
     // Rows a little taller than their text, so that an open editor fits its row, unless the
     // row sets its own height.
     QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
-    void paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override;
+    void paint(QPainter *painter, const QStyleOptionViewItem &option,
+               const QModelIndex &index) const override;
 
 signals:
     void edited(const QModelIndex &index, const QString &text);

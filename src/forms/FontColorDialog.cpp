@@ -17,10 +17,10 @@ const struct {
     const char *name;
     QRgb rgb;
 } standardColors[] = {
-    {"Black", 0x000000},  {"Maroon", 0x800000}, {"Green", 0x008000}, {"Olive", 0x808000},
-    {"Navy", 0x000080},   {"Purple", 0x800080}, {"Teal", 0x008080},  {"Gray", 0x808080},
-    {"Silver", 0xC0C0C0}, {"Red", 0xFF0000},    {"Lime", 0x00FF00},  {"Yellow", 0xFFFF00},
-    {"Blue", 0x0000FF},   {"Fuchsia", 0xFF00FF}, {"Aqua", 0x00FFFF}, {"White", 0xFFFFFF},
+    {"Black", 0x000000},  {"Maroon", 0x800000},  {"Green", 0x008000}, {"Olive", 0x808000},
+    {"Navy", 0x000080},   {"Purple", 0x800080},  {"Teal", 0x008080},  {"Gray", 0x808080},
+    {"Silver", 0xC0C0C0}, {"Red", 0xFF0000},     {"Lime", 0x00FF00},  {"Yellow", 0xFFFF00},
+    {"Blue", 0x0000FF},   {"Fuchsia", 0xFF00FF}, {"Aqua", 0x00FFFF},  {"White", 0xFFFFFF},
 };
 const float standardSizes[] = {8, 9, 10, 10.5f, 11, 12, 14, 16, 18, 20, 22, 24, 26, 28, 36, 48, 72};
 constexpr float smallestSize = 1;
@@ -44,13 +44,15 @@ FontColorDialog::FontColorDialog(QWidget *parent)
     for (float size : standardSizes)
         ui->cboSize->addItem(values::singleToText(size));
     for (const auto &standard : standardColors)
-        ui->cboColor->addItem(swatch(QColor(standard.rgb)), tr(standard.name), QColor(standard.rgb));
+        ui->cboColor->addItem(swatch(QColor(standard.rgb)), tr(standard.name),
+                              QColor(standard.rgb));
     ui->cboColor->addItem(tr("Custom..."));
     connect(ui->cboColor, &QComboBox::activated, this, &FontColorDialog::colorChosen);
     connect(ui->cboFace, &QFontComboBox::currentFontChanged, this, &FontColorDialog::updateSample);
     connect(ui->cboSize, &QComboBox::currentTextChanged, this, [this](const QString &text) {
         // A size that is not a number in range keeps the last one that was.
-        if (const auto size = values::textToSingle(text); size && *size >= smallestSize && *size <= largestSize)
+        if (const auto size = values::textToSingle(text);
+            size && *size >= smallestSize && *size <= largestSize)
             m_size = *size;
         updateSample();
     });
@@ -86,10 +88,7 @@ void FontColorDialog::setCurrentFont(const QFont &font)
     updateSample();
 }
 
-QColor FontColorDialog::color() const
-{
-    return ui->cboColor->currentData().value<QColor>();
-}
+QColor FontColorDialog::color() const { return ui->cboColor->currentData().value<QColor>(); }
 
 void FontColorDialog::setColor(const QColor &color)
 {
@@ -109,7 +108,8 @@ void FontColorDialog::colorChosen(int index)
         m_lastColor = index;
         return;
     }
-    const QColor chosen = QColorDialog::getColor(ui->cboColor->itemData(m_lastColor).value<QColor>(), this);
+    const QColor chosen = QColorDialog::getColor(
+        ui->cboColor->itemData(m_lastColor).value<QColor>(), this);
     if (chosen.isValid())
         setColor(chosen);
     else

@@ -11,17 +11,20 @@ namespace bravcpl5 {
 namespace {
 // The width of the printed area the picture stands for: a letter page with 1-inch margins.
 constexpr double pageWidthInches = 6.5;
-constexpr std::int16_t furnitureTypes[] = {
-    furnitureFont::company,   furnitureFont::title,     furnitureFont::subTitle,
-    furnitureFont::printDate, furnitureFont::printTime, furnitureFont::extraLine,
-    furnitureFont::pageNumber};
+constexpr std::int16_t furnitureTypes[] = {furnitureFont::company,   furnitureFont::title,
+                                           furnitureFont::subTitle,  furnitureFont::printDate,
+                                           furnitureFont::printTime, furnitureFont::extraLine,
+                                           furnitureFont::pageNumber};
 
 Qt::Alignment horizontal(std::int16_t alignment)
 {
     switch (alignment) {
-    case pickers::alignRight: return Qt::AlignRight;
-    case pickers::alignCenter: return Qt::AlignHCenter;
-    default: return Qt::AlignLeft;
+    case pickers::alignRight:
+        return Qt::AlignRight;
+    case pickers::alignCenter:
+        return Qt::AlignHCenter;
+    default:
+        return Qt::AlignLeft;
     }
 }
 } // namespace
@@ -52,7 +55,8 @@ void FurniturePreview::setFonts(const ReportFontsIndex &fonts)
     update();
 }
 
-void FurniturePreview::setLines(const QList<FurnitureLine> &header, const QList<FurnitureLine> &footer)
+void FurniturePreview::setLines(const QList<FurnitureLine> &header,
+                                const QList<FurnitureLine> &footer)
 {
     if (header == m_header && footer == m_footer)
         return;
@@ -63,7 +67,8 @@ void FurniturePreview::setLines(const QList<FurnitureLine> &header, const QList<
 
 FurniturePreview::LineStyle FurniturePreview::style(const FurnitureLine &line, double scale) const
 {
-    LineStyle style = m_styles.value(line.fontType, {QFont(QStringLiteral("Arial"), 10), Qt::black});
+    LineStyle style = m_styles.value(line.fontType,
+                                     {QFont(QStringLiteral("Arial"), 10), Qt::black});
     style.font.setPointSizeF(qMax(1.0, style.font.pointSizeF() * scale));
     if (line.notBold)
         style.font.setBold(false);
@@ -108,8 +113,10 @@ void FurniturePreview::paintEvent(QPaintEvent *)
     painter.setPen(Qt::NoPen);
     painter.setBrush(QColor(0xDD, 0xDD, 0xDD));
     int row = 0;
-    for (double top = y + rowHeight; top + rowHeight < footerTop - rowHeight; top += rowHeight * 1.8, ++row)
-        painter.drawRect(QRectF(area.left(), top, area.width() * (row % 3 == 2 ? 0.6 : 1.0), rowHeight));
+    for (double top = y + rowHeight; top + rowHeight < footerTop - rowHeight;
+         top += rowHeight * 1.8, ++row)
+        painter.drawRect(
+            QRectF(area.left(), top, area.width() * (row % 3 == 2 ? 0.6 : 1.0), rowHeight));
 
     double bottom = footerTop;
     for (const FurnitureLine &line : std::as_const(m_footer))

@@ -27,9 +27,8 @@ QPixmap calendarSheet(int size, const QColor &ink, const QColor &accent)
     painter.drawLine(QPointF(11 * unit, 1 * unit), QPointF(11 * unit, 4 * unit));
     for (int row = 0; row < 3; ++row) {
         for (int column = 0; column < 3; ++column)
-            painter.fillRect(QRectF((4 + column * 3) * unit, (7 + row * 2.5) * unit, 2 * unit,
-                                    1.5 * unit),
-                             ink);
+            painter.fillRect(
+                QRectF((4 + column * 3) * unit, (7 + row * 2.5) * unit, 2 * unit, 1.5 * unit), ink);
     }
     return pixmap;
 }
@@ -80,7 +79,8 @@ QPixmap SheetGlyph(Qt::Orientation orientation, qreal devicePixelRatio)
     const qreal left = sheet.left() + 4;
     const qreal right = sheet.right() - 4;
     for (qreal y = sheet.top() + fold + 4; y < sheet.bottom() - 3; y += 4)
-        painter.drawLine(QPointF(left, y), QPointF(y + 4 < sheet.bottom() - 3 ? right : (left + right) / 2, y));
+        painter.drawLine(QPointF(left, y),
+                         QPointF(y + 4 < sheet.bottom() - 3 ? right : (left + right) / 2, y));
     return pixmap;
 }
 

@@ -4,8 +4,7 @@ namespace bravcpl5 {
 
 ReportConfigurationForm::ReportConfigurationForm(QWidget *parent)
     : ModalForm(parent, true, Placement::Remembered)
-{
-}
+{}
 
 void ReportConfigurationForm::SetConfiguration(const QString &ConfigurationFile, HostLink *owner)
 {

@@ -16,8 +16,7 @@ class EditKeys : public QObject
 public:
     EditKeys(QTreeWidget *grid, CellEditor *editor, int keyColumn)
         : QObject(grid), m_grid(grid), m_editor(editor), m_keyColumn(keyColumn)
-    {
-    }
+    {}
 
     bool eventFilter(QObject *watched, QEvent *event) override
     {

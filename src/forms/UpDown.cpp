@@ -33,7 +33,8 @@ QSize UpDown::sizeHint() const
 {
     QStyleOptionSpinBox option;
     initStyleOption(&option);
-    const QRect up = style()->subControlRect(QStyle::CC_SpinBox, &option, QStyle::SC_SpinBoxUp, this);
+    const QRect up = style()->subControlRect(QStyle::CC_SpinBox, &option, QStyle::SC_SpinBoxUp,
+                                             this);
     const int height = QAbstractSpinBox::sizeHint().height();
     return QSize(qMax(up.width(), 16) + 2, height);
 }
@@ -42,7 +43,8 @@ bool UpDown::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::KeyPress) {
         const auto *key = static_cast<QKeyEvent *>(event);
-        if (key->modifiers() == Qt::NoModifier && (key->key() == Qt::Key_Up || key->key() == Qt::Key_Down)) {
+        if (key->modifiers() == Qt::NoModifier
+            && (key->key() == Qt::Key_Up || key->key() == Qt::Key_Down)) {
             stepBy(key->key() == Qt::Key_Up ? 1 : -1);
             return true;
         }

@@ -20,9 +20,8 @@ frmGeneralReportFilters::frmGeneralReportFilters(QWidget *parent)
     ui->setupUi(this);
     ui->rptItems->setColumnHidden(TypeColumn, true);
     ui->rptItems->setColumnHidden(AllowAllColumn, true);
-    CellEditor *editor = SetupReportGrid(ui->rptItems, {ValueColumn, [this](const QModelIndex &index) {
-                                             return valueCell(index);
-                                         }});
+    CellEditor *editor = SetupReportGrid(
+        ui->rptItems, {ValueColumn, [this](const QModelIndex &index) { return valueCell(index); }});
     // Queued: a custom date range opens its own dialog, which must not run inside the
     // closing cell editor.
     connect(
@@ -83,7 +82,8 @@ void frmGeneralReportFilters::valueEdited(int index, const QString &text)
     if (!item || index >= m_rows.size() || text == m_rows.at(index).valueCaption)
         return;
     FilterRow &row = m_rows[index];
-    ChangeFilterValue(row, text, [this](QDate &start, QDate &end) { return editCustomRange(start, end); });
+    ChangeFilterValue(row, text,
+                      [this](QDate &start, QDate &end) { return editCustomRange(start, end); });
     item->setText(ValueColumn, row.valueCaption);
 }
 
@@ -106,7 +106,8 @@ bool frmGeneralReportFilters::editCustomRange(QDate &start, QDate &end)
 
 void frmGeneralReportFilters::showDescription(QTreeWidgetItem *item)
 {
-    ui->lblDescription->setText(item ? item->data(FilterColumn, descriptionRole).toString() : QString());
+    ui->lblDescription->setText(item ? item->data(FilterColumn, descriptionRole).toString()
+                                     : QString());
 }
 
 void frmGeneralReportFilters::cmdOK_Click()

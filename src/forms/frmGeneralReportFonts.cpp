@@ -32,7 +32,8 @@ QFont qtFont(const FontDefinition &font)
 } // namespace
 
 frmGeneralReportFonts::frmGeneralReportFonts(std::int16_t reportType, QWidget *parent)
-    : ModalForm(parent, false, Placement::Default), ui(std::make_unique<Ui::frmGeneralReportFonts>())
+    : ModalForm(parent, false, Placement::Default),
+      ui(std::make_unique<Ui::frmGeneralReportFonts>())
 {
     m_list.reportType = reportType;
     ui->setupUi(this);
@@ -41,8 +42,10 @@ frmGeneralReportFonts::frmGeneralReportFonts(std::int16_t reportType, QWidget *p
         setWindowTitle(QStringLiteral("Process Report Fonts"));
     }
     SetupFontList();
-    connect(ui->cmdChangeFont, &QPushButton::clicked, this, &frmGeneralReportFonts::cmdChangeFont_Click);
-    connect(ui->cmdResetToDefaults, &QPushButton::clicked, this, &frmGeneralReportFonts::ResetFontList);
+    connect(ui->cmdChangeFont, &QPushButton::clicked, this,
+            &frmGeneralReportFonts::cmdChangeFont_Click);
+    connect(ui->cmdResetToDefaults, &QPushButton::clicked, this,
+            &frmGeneralReportFonts::ResetFontList);
     connect(ui->cmdOK, &QPushButton::clicked, this, &frmGeneralReportFonts::cmdOK_Click);
     connect(ui->cmdCancel, &QPushButton::clicked, this, &frmGeneralReportFonts::cmdCancel_Click);
 }
@@ -79,8 +82,9 @@ void frmGeneralReportFonts::LoadFontList()
     // A fresh document, never the service's cached one.
     XmlDocumentPtr document;
     if (m_layout)
-        document = m_list.reportType == processReports ? m_layout->processReportFontsDocument()
-                                                  : m_layout->generalReportFontsDocument(false);
+        document = m_list.reportType == processReports
+                       ? m_layout->processReportFontsDocument()
+                       : m_layout->generalReportFontsDocument(false);
     if (!document) {
         ResetFontList();
         return;
@@ -97,10 +101,11 @@ void frmGeneralReportFonts::ResetFontList()
 
 QTreeWidgetItem *frmGeneralReportFonts::rowItem(const FontDefinition &font) const
 {
-    auto *item = new QTreeWidgetItem({FontTypeDisplayName(m_list.reportType, font.type), FontTypeSample(font.type),
-                                      font.name, flag(font.bold), flag(font.italic), flag(font.underline),
-                                      flag(font.strikeout), values::singleToText(font.size),
-                                      values::integerToText(font.color), values::integerToText(font.type)});
+    auto *item = new QTreeWidgetItem(
+        {FontTypeDisplayName(m_list.reportType, font.type), FontTypeSample(font.type), font.name,
+         flag(font.bold), flag(font.italic), flag(font.underline), flag(font.strikeout),
+         values::singleToText(font.size), values::integerToText(font.color),
+         values::integerToText(font.type)});
     item->setData(FontColumn, Qt::FontRole, qtFont(font));
     item->setData(FontColumn, Qt::ForegroundRole, ColorFromWindows(font.color));
     // The row is as tall as its font at this screen's resolution, and a little more.
@@ -120,7 +125,8 @@ void frmGeneralReportFonts::showFonts()
         rows.append(rowItem(font));
     ui->rptFonts->addTopLevelItems(rows);
     if (!rows.isEmpty())
-        ui->rptFonts->setCurrentItem(rows.at(qBound(0, current, int(rows.size()) - 1)), FieldColumn);
+        ui->rptFonts->setCurrentItem(rows.at(qBound(0, current, int(rows.size()) - 1)),
+                                     FieldColumn);
 }
 
 void frmGeneralReportFonts::cmdChangeFont_Click()
@@ -152,8 +158,9 @@ void frmGeneralReportFonts::SaveFontList()
     // The user's copy, even where only the system's exists; a failed save is silent.
     if (!m_layout)
         return;
-    const QString file = m_list.reportType == processReports ? m_layout->ProcessReportFontsFile(true)
-                                                        : m_layout->GeneralReportFontsFile(true);
+    const QString file = m_list.reportType == processReports
+                             ? m_layout->ProcessReportFontsFile(true)
+                             : m_layout->GeneralReportFontsFile(true);
     if (!file.isEmpty())
         m_list.save(file);
 }
@@ -173,14 +180,16 @@ void frmGeneralReportFonts::cmdCancel_Click()
 
 bool ReportLayout::ShowGeneralReportFonts()
 {
-    return ShowModalForm<frmGeneralReportFonts>([this](frmGeneralReportFonts &form) { form.SetUp(this); },
-                                                [](frmGeneralReportFonts &) {}, generalReports);
+    return ShowModalForm<frmGeneralReportFonts>(
+        [this](frmGeneralReportFonts &form) { form.SetUp(this); }, [](frmGeneralReportFonts &) {},
+        generalReports);
 }
 
 bool ReportLayout::ShowProcessReportFonts()
 {
-    return ShowModalForm<frmGeneralReportFonts>([this](frmGeneralReportFonts &form) { form.SetUp(this); },
-                                                [](frmGeneralReportFonts &) {}, processReports);
+    return ShowModalForm<frmGeneralReportFonts>(
+        [this](frmGeneralReportFonts &form) { form.SetUp(this); }, [](frmGeneralReportFonts &) {},
+        processReports);
 }
 
 } // namespace bravcpl5

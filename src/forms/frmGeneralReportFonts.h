@@ -38,8 +38,19 @@ protected:
     void firstActivation() override;
 
 private:
-    enum Column { FieldColumn, FontColumn, FaceColumn, BoldColumn, ItalicColumn, UnderlineColumn,
-                  StrikeoutColumn, SizeColumn, ColorColumn, TypeColumn, ColumnCount };
+    enum Column {
+        FieldColumn,
+        FontColumn,
+        FaceColumn,
+        BoldColumn,
+        ItalicColumn,
+        UnderlineColumn,
+        StrikeoutColumn,
+        SizeColumn,
+        ColorColumn,
+        TypeColumn,
+        ColumnCount
+    };
 
     void SetupFontList();
     void LoadFontList();

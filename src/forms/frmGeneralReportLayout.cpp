@@ -50,23 +50,32 @@ QString fileDate(const QDateTime &when) { return values::toGeneralDate(when); }
 } // namespace
 
 frmGeneralReportLayout::frmGeneralReportLayout(QWidget *parent)
-    : ModalForm(parent, false, Placement::Default), ui(std::make_unique<Ui::frmGeneralReportLayout>())
+    : ModalForm(parent, false, Placement::Default),
+      ui(std::make_unique<Ui::frmGeneralReportLayout>())
 {
     ui->setupUi(this);
     m_items = {
-        {&GeneralReportLayout::company, ui->chkCompany, ui->txtCompany, nullptr, ui->cboCompanyAlignment},
+        {&GeneralReportLayout::company, ui->chkCompany, ui->txtCompany, nullptr,
+         ui->cboCompanyAlignment},
         {&GeneralReportLayout::title, ui->chkTitle, nullptr, nullptr, ui->cboTitleAlignment},
-        {&GeneralReportLayout::description, ui->chkDescription, nullptr, nullptr, ui->cboDescriptionAlignment},
-        {&GeneralReportLayout::subTitle, ui->chkSubTitle, nullptr, nullptr, ui->cboSubTitleAlignment},
-        {&GeneralReportLayout::printDate, ui->chkPrintDate, nullptr, ui->cboPrintDateFormat, ui->cboPrintDateAlignment},
-        {&GeneralReportLayout::printTime, ui->chkPrintTime, nullptr, ui->cboPrintTimeFormat, nullptr},
-        {&GeneralReportLayout::extraLine, ui->chkExtraLine, ui->txtExtraLine, nullptr, ui->cboExtraLineAlignment},
-        {&GeneralReportLayout::pageNumber, ui->chkPageNumber, nullptr, ui->cboPageNumberFormat, ui->cboPageNumberAlignment},
+        {&GeneralReportLayout::description, ui->chkDescription, nullptr, nullptr,
+         ui->cboDescriptionAlignment},
+        {&GeneralReportLayout::subTitle, ui->chkSubTitle, nullptr, nullptr,
+         ui->cboSubTitleAlignment},
+        {&GeneralReportLayout::printDate, ui->chkPrintDate, nullptr, ui->cboPrintDateFormat,
+         ui->cboPrintDateAlignment},
+        {&GeneralReportLayout::printTime, ui->chkPrintTime, nullptr, ui->cboPrintTimeFormat,
+         nullptr},
+        {&GeneralReportLayout::extraLine, ui->chkExtraLine, ui->txtExtraLine, nullptr,
+         ui->cboExtraLineAlignment},
+        {&GeneralReportLayout::pageNumber, ui->chkPageNumber, nullptr, ui->cboPageNumberFormat,
+         ui->cboPageNumberAlignment},
     };
 
     // The alignment lists; the extra line and the page number are never centred.
-    for (QComboBox *list : {ui->cboLogoAlignment, ui->cboCompanyAlignment, ui->cboTitleAlignment,
-                            ui->cboDescriptionAlignment, ui->cboSubTitleAlignment, ui->cboPrintDateAlignment})
+    for (QComboBox *list :
+         {ui->cboLogoAlignment, ui->cboCompanyAlignment, ui->cboTitleAlignment,
+          ui->cboDescriptionAlignment, ui->cboSubTitleAlignment, ui->cboPrintDateAlignment})
         addAlignments(list, {pickers::alignLeft, pickers::alignRight, pickers::alignCenter});
     for (QComboBox *list : {ui->cboExtraLineAlignment, ui->cboPageNumberAlignment})
         addAlignments(list, {pickers::alignLeft, pickers::alignRight});
@@ -137,7 +146,8 @@ void frmGeneralReportLayout::FillPrinterConfigurations()
     QComboBox *list = ui->cboCustomPrinterConfiguration;
     const QString remembered = list->currentText();
     list->clear();
-    QObject *configurations = late::object(m_layout ? m_layout->ownerObject() : nullptr, "PrinterConfigurations");
+    QObject *configurations = late::object(m_layout ? m_layout->ownerObject() : nullptr,
+                                           "PrinterConfigurations");
     list->addItems(late::value(configurations, "GetPrinterConfigurations").toStringList());
     if (!remembered.isEmpty())
         list->setCurrentText(remembered);
@@ -154,9 +164,11 @@ void frmGeneralReportLayout::ReadDocument()
         ui->txtFile->setText(shown);
         // A file that is not there yet keeps the labels' own text.
         if (const QFileInfo file(shown); file.exists()) {
-            const QDateTime created = file.birthTime().isValid() ? file.birthTime() : file.metadataChangeTime();
+            const QDateTime created = file.birthTime().isValid() ? file.birthTime()
+                                                                 : file.metadataChangeTime();
             ui->lblCreated->setText(QStringLiteral("Created: ") + fileDate(created));
-            ui->lblLastModififed->setText(QStringLiteral("Modified: ") + fileDate(file.lastModified()));
+            ui->lblLastModififed->setText(QStringLiteral("Modified: ")
+                                          + fileDate(file.lastModified()));
         }
     }
     if (const XmlDocumentPtr document = m_layout->generalReportLayoutDocument(shown)) {
@@ -171,13 +183,15 @@ void frmGeneralReportLayout::UpdateEnabledStates()
     ui->cboLogoAlignment->setEnabled(ui->chkLogo->isChecked());
     ui->chkWatermark->setEnabled(ui->chkLogo->isChecked());
     for (const ItemControls &c : m_items) {
-        for (QWidget *dependent : {static_cast<QWidget *>(c.label), static_cast<QWidget *>(c.format),
-                                   static_cast<QWidget *>(c.alignment)}) {
+        for (QWidget *dependent :
+             {static_cast<QWidget *>(c.label), static_cast<QWidget *>(c.format),
+              static_cast<QWidget *>(c.alignment)}) {
             if (dependent)
                 dependent->setEnabled(c.show->isChecked());
         }
     }
-    ui->cboCustomPrinterConfiguration->setEnabled(ui->chkUseCustomPrinterConfiguration->isChecked());
+    ui->cboCustomPrinterConfiguration->setEnabled(
+        ui->chkUseCustomPrinterConfiguration->isChecked());
 }
 
 void frmGeneralReportLayout::lblManagePrinterConfigurations_Click()

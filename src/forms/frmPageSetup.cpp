@@ -56,7 +56,8 @@ void paintSheetBackground(QWidget *picture, bool selected)
 } // namespace
 
 frmPageSetup::frmPageSetup(QWidget *parent)
-    : ModalForm(parent, true, Placement::Remembered), ui(std::make_unique<Ui::frmPageSetup>()),
+    : ModalForm(parent, true, Placement::Remembered),
+      ui(std::make_unique<Ui::frmPageSetup>()),
       m_info(CurrentPrinterInfo())
 {
     ui->setupUi(this);
@@ -67,9 +68,10 @@ frmPageSetup::frmPageSetup(QWidget *parent)
         auto *spinner = findChild<UpDown *>(QStringLiteral("ud") + name);
         m_fields.push_back({&limits, text});
         spinner->bind(text, [text, &limits](int direction) {
-            text->setText(direction > 0
-                              ? IncrementFieldValue(limits.step, limits.minimum, limits.maximum, text->text())
-                              : DecrementFieldValue(limits.step, limits.minimum, limits.maximum, text->text()));
+            text->setText(direction > 0 ? IncrementFieldValue(limits.step, limits.minimum,
+                                                              limits.maximum, text->text())
+                                        : DecrementFieldValue(limits.step, limits.minimum,
+                                                              limits.maximum, text->text()));
         });
         connect(text, &QLineEdit::textChanged, this, &frmPageSetup::DrawPreviews);
     }
@@ -80,7 +82,8 @@ frmPageSetup::frmPageSetup(QWidget *parent)
     const qreal ratio = devicePixelRatioF();
     ui->imgPortrait->setPixmap(SheetGlyph(Qt::Vertical, ratio));
     ui->imgLandscape->setPixmap(SheetGlyph(Qt::Horizontal, ratio));
-    connect(ui->optLandscape, &QRadioButton::toggled, this, &frmPageSetup::UpdateOrientationPictures);
+    connect(ui->optLandscape, &QRadioButton::toggled, this,
+            &frmPageSetup::UpdateOrientationPictures);
 
     connect(ui->cboPaperSize, &QComboBox::currentIndexChanged, this, [this]() {
         if (!m_loading)
@@ -94,7 +97,8 @@ frmPageSetup::frmPageSetup(QWidget *parent)
 
 frmPageSetup::~frmPageSetup() = default;
 
-bool frmPageSetup::Open(const QString &configuration, const QString &printerName, PrinterConfigurations *store)
+bool frmPageSetup::Open(const QString &configuration, const QString &printerName,
+                        PrinterConfigurations *store)
 {
     m_store = store;
     setOwner(store ? store->owner() : nullptr);
@@ -102,25 +106,27 @@ bool frmPageSetup::Open(const QString &configuration, const QString &printerName
 
     // The installed printers are asked for once; the dialog keeps its choice for its lifetime.
     if (m_info.printerNames().isEmpty()) {
-        ShowMessage(QStringLiteral("No printers have been setup on this computer. You must setup at least "
-                                   "one printer in order to configure page settings."),
-                    QMessageBox::Warning, QMessageBox::Ok, parentWidget());
+        ShowMessage(
+            QStringLiteral("No printers have been setup on this computer. You must setup at least "
+                           "one printer in order to configure page settings."),
+            QMessageBox::Warning, QMessageBox::Ok, parentWidget());
         return false;
     }
     if (!printerName.isEmpty()) {
         m_printer = FindPrinter(m_info, printerName);
         if (m_printer.isEmpty())
-            ShowMessage(QStringLiteral("The printer '") + printerName +
-                            QStringLiteral("' is invalid. The default printer will be used."),
+            ShowMessage(QStringLiteral("The printer '") + printerName
+                            + QStringLiteral("' is invalid. The default printer will be used."),
                         QMessageBox::Warning, QMessageBox::Ok, parentWidget());
     }
     if (m_printer.isEmpty()) {
         m_printer = FindPrinter(m_info, m_info.defaultPrinterName());
         if (m_printer.isEmpty()) {
-            ShowMessage(QStringLiteral("Unable to perform page setup. Make sure a valid default printer is "
-                                       "setup on this computer and that the print spooler service is "
-                                       "running. (1)"),
-                        QMessageBox::Critical, QMessageBox::Ok, parentWidget());
+            ShowMessage(
+                QStringLiteral("Unable to perform page setup. Make sure a valid default printer is "
+                               "setup on this computer and that the print spooler service is "
+                               "running. (1)"),
+                QMessageBox::Critical, QMessageBox::Ok, parentWidget());
             return false;
         }
     }
@@ -186,9 +192,10 @@ void frmPageSetup::UpdatePaperFields()
 {
     const auto code = selectedCode(ui->cboPaperSize);
     const bool custom = code && *code >= FirstPrinterPaperCode;
-    for (QWidget *widget : {static_cast<QWidget *>(ui->lblPaperWidth), static_cast<QWidget *>(ui->txtPaperWidth),
-                            static_cast<QWidget *>(ui->udPaperWidth), static_cast<QWidget *>(ui->lblPaperHeight),
-                            static_cast<QWidget *>(ui->txtPaperHeight), static_cast<QWidget *>(ui->udPaperHeight)})
+    for (QWidget *widget :
+         {static_cast<QWidget *>(ui->lblPaperWidth), static_cast<QWidget *>(ui->txtPaperWidth),
+          static_cast<QWidget *>(ui->udPaperWidth), static_cast<QWidget *>(ui->lblPaperHeight),
+          static_cast<QWidget *>(ui->txtPaperHeight), static_cast<QWidget *>(ui->udPaperHeight)})
         widget->setEnabled(custom);
     DrawPreviews();
 }
@@ -257,7 +264,8 @@ void frmPageSetup::cmdCancel_Click()
     reject();
 }
 
-bool PrinterConfigurations::ShowPageSetup(const QString &PrinterConfiguration, const QString &PrinterName)
+bool PrinterConfigurations::ShowPageSetup(const QString &PrinterConfiguration,
+                                          const QString &PrinterName)
 {
     return ShowModalForm<frmPageSetup>(
         [&](frmPageSetup &form) { return form.Open(PrinterConfiguration, PrinterName, this); });

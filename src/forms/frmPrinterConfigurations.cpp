@@ -21,7 +21,8 @@ namespace {
 
 enum Column { NameColumn, PrinterColumn, FileColumn };
 
-QTreeWidgetItem *rowItem(const ConfigurationRow &row, const QString &defaultHint, const QIcon &shared)
+QTreeWidgetItem *rowItem(const ConfigurationRow &row, const QString &defaultHint,
+                         const QIcon &shared)
 {
     auto *item = new QTreeWidgetItem({row.name, row.printer, row.file});
     item->setFlags(item->flags() | Qt::ItemIsEditable);
@@ -30,7 +31,8 @@ QTreeWidgetItem *rowItem(const ConfigurationRow &row, const QString &defaultHint
     // Shared configurations are marked, their texts left as they are.
     if (row.system) {
         item->setIcon(FileColumn, shared);
-        item->setToolTip(FileColumn, QStringLiteral("Shared by everyone who uses this computer's settings"));
+        item->setToolTip(FileColumn,
+                         QStringLiteral("Shared by everyone who uses this computer's settings"));
     }
     return item;
 }
@@ -38,7 +40,8 @@ QTreeWidgetItem *rowItem(const ConfigurationRow &row, const QString &defaultHint
 } // namespace
 
 frmPrinterConfigurations::frmPrinterConfigurations(QWidget *parent)
-    : ModalForm(parent, false, Placement::Remembered), ui(std::make_unique<Ui::frmPrinterConfigurations>())
+    : ModalForm(parent, false, Placement::Remembered),
+      ui(std::make_unique<Ui::frmPrinterConfigurations>())
 {
     ui->setupUi(this);
 
@@ -52,17 +55,18 @@ frmPrinterConfigurations::frmPrinterConfigurations(QWidget *parent)
     ui->rptPrinters->addActions(m_commands);
 
     CellEditor *editor = SetupReportGrid(
-        ui->rptPrinters, {NameColumn, [](const QModelIndex &index) {
-                              switch (index.column()) {
-                              case NameColumn:
-                                  return GridCell::text();
-                              case PrinterColumn:
-                                  // This machine's printers as they are when the list opens.
-                                  return GridCell::list([]() { return CurrentPrinterInfo().printerNames(); });
-                              default:
-                                  return GridCell::readOnly();
-                              }
-                          }});
+        ui->rptPrinters,
+        {NameColumn, [](const QModelIndex &index) {
+             switch (index.column()) {
+             case NameColumn:
+                 return GridCell::text();
+             case PrinterColumn:
+                 // This machine's printers as they are when the list opens.
+                 return GridCell::list([]() { return CurrentPrinterInfo().printerNames(); });
+             default:
+                 return GridCell::readOnly();
+             }
+         }});
     // Applied once the editor has closed: a rename reloads the whole list.
     connect(
         editor, &CellEditor::edited, this,
@@ -71,12 +75,16 @@ frmPrinterConfigurations::frmPrinterConfigurations(QWidget *parent)
                 item->setText(index.column(), text);
         },
         Qt::QueuedConnection);
-    connect(ui->rptPrinters, &QTreeWidget::itemChanged, this, &frmPrinterConfigurations::rptPrinters_AfterEdit);
-    connect(ui->rptPrinters, &QTreeWidget::itemSelectionChanged, this, &frmPrinterConfigurations::UpdateCommands);
-    connect(ui->cmdPageSetup, &QPushButton::clicked, this, &frmPrinterConfigurations::cmdPageSetup_Click);
+    connect(ui->rptPrinters, &QTreeWidget::itemChanged, this,
+            &frmPrinterConfigurations::rptPrinters_AfterEdit);
+    connect(ui->rptPrinters, &QTreeWidget::itemSelectionChanged, this,
+            &frmPrinterConfigurations::UpdateCommands);
+    connect(ui->cmdPageSetup, &QPushButton::clicked, this,
+            &frmPrinterConfigurations::cmdPageSetup_Click);
     connect(ui->cmdCopy, &QPushButton::clicked, this, &frmPrinterConfigurations::cmdCopy_Click);
     connect(ui->cmdClose, &QPushButton::clicked, this, &QDialog::accept);
-    connect(ui->lblShowPrinters, &QLabel::linkActivated, this, &frmPrinterConfigurations::lblShowPrinters_Click);
+    connect(ui->lblShowPrinters, &QLabel::linkActivated, this,
+            &frmPrinterConfigurations::lblShowPrinters_Click);
     UpdateCommands();
 }
 
@@ -95,9 +103,11 @@ void frmPrinterConfigurations::LoadList()
     const int selected = selectedRow();
     const QString current = selected >= 0 ? m_rows[selected].name : QString();
     m_rows.clear();
-    const QHash<QString, QString> printers = m_store ? m_store->printerAssignments() : QHash<QString, QString>();
+    const QHash<QString, QString> printers = m_store ? m_store->printerAssignments()
+                                                     : QHash<QString, QString>();
     if (m_store) {
-        for (const PrinterConfigurations::NamedFile &configuration : m_store->configurationFiles()) {
+        for (const PrinterConfigurations::NamedFile &configuration :
+             m_store->configurationFiles()) {
             ConfigurationRow row;
             row.name = configuration.name;
             row.printer = printers.value(configuration.name.toCaseFolded());
@@ -107,7 +117,8 @@ void frmPrinterConfigurations::LoadList()
         }
     }
     // An empty printer cell prints with the default printer, when there is one.
-    const bool hasDefault = !printers.value(QString::fromLatin1(DefaultPrinterValueName).toCaseFolded()).isEmpty();
+    const bool hasDefault =
+        !printers.value(QString::fromLatin1(DefaultPrinterValueName).toCaseFolded()).isEmpty();
     const QString hint = hasDefault ? QStringLiteral("uses the default printer") : QString();
     const QIcon shared = style()->standardIcon(QStyle::SP_DriveNetIcon);
     QList<QTreeWidgetItem *> items;
@@ -127,7 +138,8 @@ void frmPrinterConfigurations::UpdateCommands()
     const int row = selectedRow();
     const ConfigurationRow *selected = row >= 0 ? &m_rows[row] : nullptr;
     for (QAction *action : std::as_const(m_commands))
-        action->setEnabled(IsCommandEnabled(ConfigurationCommand(action->data().toInt()), selected));
+        action->setEnabled(
+            IsCommandEnabled(ConfigurationCommand(action->data().toInt()), selected));
     ui->cmdPageSetup->setEnabled(IsCommandEnabled(ConfigurationCommand::PageSetup, selected));
     ui->cmdCopy->setEnabled(IsCommandEnabled(ConfigurationCommand::Copy, selected));
 }
@@ -174,7 +186,8 @@ void frmPrinterConfigurations::renameConfiguration(int row, const QString &name)
     // Refused names never reach the file system.
     if (const NameRefusal refusal = CheckConfigurationName(name); refusal != NameRefusal::None) {
         restoreCell(row, NameColumn);
-        ShowMessage(RenameRefusalMessage(refusal, name), QMessageBox::Warning, QMessageBox::Ok, this);
+        ShowMessage(RenameRefusalMessage(refusal, name), QMessageBox::Warning, QMessageBox::Ok,
+                    this);
         return;
     }
     const QString target = RenameTarget(old.file, name);
@@ -224,7 +237,8 @@ void frmPrinterConfigurations::cmdCopy_Click()
         return;
     // The copy belongs to the user, whatever the original was.
     if (const XmlDocumentPtr copy = LoadXmlFile(target)) {
-        if (pugi::xml_node identification = SelectSingleNode(*copy, QStringLiteral("//Identification")).node()) {
+        if (pugi::xml_node identification =
+                SelectSingleNode(*copy, QStringLiteral("//Identification")).node()) {
             SetXmlInteger(QStringLiteral("System"), 0, identification);
             SaveXmlDocument(*copy, target);
         }
@@ -242,12 +256,13 @@ void frmPrinterConfigurations::deleteConfiguration()
     if (row < 0 || !IsCommandEnabled(ConfigurationCommand::Delete, &m_rows[row]))
         return;
     const ConfigurationRow doomed = m_rows[row];
-    if (ShowMessage(DeleteQuestion(doomed.name), QMessageBox::Question, QMessageBox::Yes | QMessageBox::No, this) !=
-        QMessageBox::Yes)
+    if (ShowMessage(DeleteQuestion(doomed.name), QMessageBox::Question,
+                    QMessageBox::Yes | QMessageBox::No, this)
+        != QMessageBox::Yes)
         return;
     if (!DeleteFile(doomed.file))
-        ShowMessage(QStringLiteral("The printer configuration could not be deleted."), QMessageBox::Warning,
-                    QMessageBox::Ok, this);
+        ShowMessage(QStringLiteral("The printer configuration could not be deleted."),
+                    QMessageBox::Warning, QMessageBox::Ok, this);
     LoadList();
 }
 
@@ -262,7 +277,8 @@ void frmPrinterConfigurations::showPrinterProperties()
         printer = CurrentPrinterInfo().defaultPrinterName();
     const QString failed = CurrentSystemPrinters().openPrinterProperties(printer);
     if (!failed.isEmpty())
-        ShowMessage(QStringLiteral("The properties of the printer '%1' could not be opened (%2).").arg(printer, failed),
+        ShowMessage(QStringLiteral("The properties of the printer '%1' could not be opened (%2).")
+                        .arg(printer, failed),
                     QMessageBox::Warning, QMessageBox::Ok, this);
 }
 
@@ -270,8 +286,9 @@ void frmPrinterConfigurations::lblShowPrinters_Click()
 {
     const QString failed = CurrentSystemPrinters().openPrinters();
     if (!failed.isEmpty())
-        ShowMessage(QStringLiteral("The printers of this computer could not be shown (%1).").arg(failed),
-                    QMessageBox::Warning, QMessageBox::Ok, this);
+        ShowMessage(
+            QStringLiteral("The printers of this computer could not be shown (%1).").arg(failed),
+            QMessageBox::Warning, QMessageBox::Ok, this);
 }
 
 int frmPrinterConfigurations::selectedRow() const
@@ -302,7 +319,8 @@ void frmPrinterConfigurations::restoreCell(int row, int column)
 
 void Library::ShowPrinterConfigurations()
 {
-    ShowModalForm<frmPrinterConfigurations>([&](frmPrinterConfigurations &form) { form.SetUp(this); });
+    ShowModalForm<frmPrinterConfigurations>(
+        [&](frmPrinterConfigurations &form) { form.SetUp(this); });
 }
 
 } // namespace bravcpl5

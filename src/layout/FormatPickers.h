@@ -65,12 +65,12 @@ struct SwatchColor {
 };
 
 inline constexpr SwatchColor swatchColors[] = {
-    {"AUTOMATIC", 0x000000}, {"BLACK", 0x000000},      {"BLUE", 0x0000FF},
+    {"AUTOMATIC", 0x000000},   {"BLACK", 0x000000},     {"BLUE", 0x0000FF},
     {"BRIGHTGREEN", 0x00FF00}, {"DARKBLUE", 0x000080},  {"DARKRED", 0x800000},
-    {"DARKYELLOW", 0x808000}, {"GRAY25", 0xC0C0C0},    {"GRAY50", 0x808080},
-    {"GREEN", 0x008000},     {"PINK", 0xFF00FF},       {"RED", 0xFF0000},
-    {"TEAL", 0x008080},      {"TURQUOISE", 0x00FFFF},  {"VIOLET", 0x800080},
-    {"WHITE", 0xFFFFFF},     {"YELLOW", 0xFFFF00},
+    {"DARKYELLOW", 0x808000},  {"GRAY25", 0xC0C0C0},    {"GRAY50", 0x808080},
+    {"GREEN", 0x008000},       {"PINK", 0xFF00FF},      {"RED", 0xFF0000},
+    {"TEAL", 0x008080},        {"TURQUOISE", 0x00FFFF}, {"VIOLET", 0x800080},
+    {"WHITE", 0xFFFFFF},       {"YELLOW", 0xFFFF00},
 };
 
 // The three colour image sets: a prefix before each suffix above. The border colour set

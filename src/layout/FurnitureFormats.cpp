@@ -50,7 +50,8 @@ QString twoDigits(int value) { return QStringLiteral("%1").arg(value, 2, 10, QLa
 
 // One pass over a pattern; `date` or `time` may be invalid when the pattern does not ask
 // for it (a date pattern holding an hour prints midnight).
-QString formatPattern(const QString &format, const QDate &date, const QTime &time, const QLocale &locale)
+QString formatPattern(const QString &format, const QDate &date, const QTime &time,
+                      const QLocale &locale)
 {
     const bool twelveHour = hasMarker(format);
     QString out;
@@ -150,8 +151,12 @@ QStringList PrintDateFormats()
 
 QStringList PrintTimeFormats()
 {
-    return {shortTime, mediumTime, longTime, QStringLiteral("h:nn AM/PM"),
-            QStringLiteral("hh:nn"), QStringLiteral("hh:nn:ss")};
+    return {shortTime,
+            mediumTime,
+            longTime,
+            QStringLiteral("h:nn AM/PM"),
+            QStringLiteral("hh:nn"),
+            QStringLiteral("hh:nn:ss")};
 }
 
 QString FormatPrintDate(const QString &format, const QDate &date, const QLocale &locale)

@@ -24,8 +24,10 @@ namespace bravcpl5 {
 QStringList PrintDateFormats();
 QStringList PrintTimeFormats();
 
-QString FormatPrintDate(const QString &format, const QDate &date, const QLocale &locale = QLocale());
-QString FormatPrintTime(const QString &format, const QTime &time, const QLocale &locale = QLocale());
+QString FormatPrintDate(const QString &format, const QDate &date,
+                        const QLocale &locale = QLocale());
+QString FormatPrintTime(const QString &format, const QTime &time,
+                        const QLocale &locale = QLocale());
 
 // A page-number format ("Page nnn of mmm", ...) for one page: "nnnn" and "nnn" become the
 // page number, "mmm" the page count. An empty format prints as "Page nnn of mmm".

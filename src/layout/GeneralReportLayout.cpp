@@ -46,7 +46,8 @@ QString flagText(bool on) { return on ? QStringLiteral("1") : QStringLiteral("0"
 // The value read is kept only when it is a number; otherwise `value` stays as it was.
 void readFlag(pugi::xml_node node, const char *name, bool defaultValue, bool &value)
 {
-    if (const auto number = values::textToInt16(GetXmlAttribute(node, latin1(name), flagText(defaultValue))))
+    if (const auto number = values::textToInt16(
+            GetXmlAttribute(node, latin1(name), flagText(defaultValue))))
         value = *number != 0;
 }
 
@@ -94,7 +95,8 @@ void writeSection(pugi::xml_node root, const SectionRule &rule, const L &layout)
         if (itemRule.attributes & Format)
             SetXmlAttribute(node, QStringLiteral("format"), item.format);
         if (itemRule.attributes & Alignment)
-            SetXmlAttribute(node, QStringLiteral("alignment"), values::integerToText(item.alignment));
+            SetXmlAttribute(node, QStringLiteral("alignment"),
+                            values::integerToText(item.alignment));
     }
 }
 
@@ -104,12 +106,15 @@ void GeneralReportLayout::read(const pugi::xml_document &document)
 {
     readSection(document, headerRule, *this);
     readSection(document, footerRule, *this);
-    const pugi::xml_node report = SelectSingleNode(document, QStringLiteral("//Definition/Report")).node();
+    const pugi::xml_node report =
+        SelectSingleNode(document, QStringLiteral("//Definition/Report")).node();
     if (!report)
         return;
-    const pugi::xml_node configuration = GetChildNode(QStringLiteral("PrinterConfiguration"), report, false);
+    const pugi::xml_node configuration = GetChildNode(QStringLiteral("PrinterConfiguration"),
+                                                      report, false);
     readFlag(configuration, "enabled", L().useOwnPrinterConfiguration, useOwnPrinterConfiguration);
-    printerConfiguration = GetXmlAttribute(configuration, QStringLiteral("configuration"), QString());
+    printerConfiguration = GetXmlAttribute(configuration, QStringLiteral("configuration"),
+                                           QString());
 }
 
 GeneralReportLayout GeneralReportLayout::fromDocument(const pugi::xml_document &document)
@@ -126,7 +131,8 @@ XmlDocumentPtr GeneralReportLayout::toDocument() const
         return nullptr;
     const pugi::xml_node root = document->document_element();
     const pugi::xml_node report = GetChildNode(QStringLiteral("Report"), root, true);
-    const pugi::xml_node configuration = GetChildNode(QStringLiteral("PrinterConfiguration"), report, true);
+    const pugi::xml_node configuration = GetChildNode(QStringLiteral("PrinterConfiguration"),
+                                                      report, true);
     SetXmlAttribute(configuration, QStringLiteral("enabled"), flagText(useOwnPrinterConfiguration));
     SetXmlAttribute(configuration, QStringLiteral("configuration"), printerConfiguration);
     writeSection(root, headerRule, *this);
@@ -144,8 +150,9 @@ bool GeneralReportLayout::save(const QString &path) const
 
 QStringList PageNumberFormats()
 {
-    return {QStringLiteral("Page nnnn"), QStringLiteral("Page nnn of mmm"), QStringLiteral("Page # nnn"),
-            QStringLiteral("Page: nnn"), QStringLiteral("Page: nnn/mmm")};
+    return {QStringLiteral("Page nnnn"), QStringLiteral("Page nnn of mmm"),
+            QStringLiteral("Page # nnn"), QStringLiteral("Page: nnn"),
+            QStringLiteral("Page: nnn/mmm")};
 }
 
 } // namespace bravcpl5

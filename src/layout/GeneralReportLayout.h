@@ -22,8 +22,8 @@ namespace bravcpl5 {
 
 struct LayoutItem {
     bool show = true;
-    QString label;  // Company and ExtraLine only
-    QString format; // PrintDate, PrintTime and PageNumber only
+    QString label;                               // Company and ExtraLine only
+    QString format;                              // PrintDate, PrintTime and PageNumber only
     std::int16_t alignment = pickers::alignLeft; // not for PrintTime
 
     bool operator==(const LayoutItem &) const = default;

@@ -33,7 +33,8 @@ QStringList PickerImageNames()
 {
     registerPickerImages();
     QStringList names;
-    const QStringList files = QDir(folder).entryList({QStringLiteral("*") + extension}, QDir::Files);
+    const QStringList files = QDir(folder).entryList({QStringLiteral("*") + extension},
+                                                     QDir::Files);
     for (const QString &file : files)
         names.append(file.chopped(extension.size()));
     return names;

@@ -21,11 +21,12 @@ void ReportFontList::read(const pugi::xml_document &document)
     fonts.clear();
     if (reportType != generalReports && reportType != processReports)
         return;
-    const pugi::xpath_node section =
-        SelectSingleNode(document, QStringLiteral("//ReportFonts/") + sectionName(reportType));
+    const pugi::xpath_node section = SelectSingleNode(document, QStringLiteral("//ReportFonts/")
+                                                                    + sectionName(reportType));
     for (pugi::xml_node node : section.node().children("Font")) {
         auto number = [&](const char *name, const char *fallback, std::int16_t defaultValue) {
-            return values::textToInt16(GetXmlAttribute(node, QString::fromLatin1(name), QString::fromLatin1(fallback)))
+            return values::textToInt16(GetXmlAttribute(node, QString::fromLatin1(name),
+                                                       QString::fromLatin1(fallback)))
                 .value_or(defaultValue);
         };
         FontDefinition font;
@@ -36,13 +37,15 @@ void ReportFontList::read(const pugi::xml_document &document)
         font.underline = number("underline", "0", 0) != 0;
         font.strikeout = number("strikeout", "0", 0) != 0;
         font.size = number("size", "12", 12);
-        font.color = values::textToInt32(GetXmlAttribute(node, QStringLiteral("color"), QStringLiteral("0")))
+        font.color = values::textToInt32(
+                         GetXmlAttribute(node, QStringLiteral("color"), QStringLiteral("0")))
                          .value_or(0);
         fonts.append(font);
     }
 }
 
-ReportFontList ReportFontList::fromDocument(const pugi::xml_document &document, std::int16_t reportType)
+ReportFontList ReportFontList::fromDocument(const pugi::xml_document &document,
+                                            std::int16_t reportType)
 {
     ReportFontList list;
     list.reportType = reportType;
@@ -55,8 +58,9 @@ void ReportFontList::addMissingTypes()
     if (reportType != processReports)
         return;
     for (const FontDefinition &topUp : ProcessTopUpFonts()) {
-        const bool present = std::any_of(fonts.cbegin(), fonts.cend(),
-                                         [&](const FontDefinition &font) { return font.type == topUp.type; });
+        const bool present = std::any_of(
+            fonts.cbegin(), fonts.cend(),
+            [&](const FontDefinition &font) { return font.type == topUp.type; });
         if (!present)
             fonts.append(topUp);
     }
@@ -67,7 +71,8 @@ XmlDocumentPtr ReportFontList::toDocument() const
     XmlDocumentPtr document = CreateXmlDocument(QStringLiteral("ReportFonts"));
     if (!document)
         return document;
-    const pugi::xml_node section = AppendChildElement(sectionName(reportType), document->document_element());
+    const pugi::xml_node section = AppendChildElement(sectionName(reportType),
+                                                      document->document_element());
     for (const FontDefinition &font : fonts) {
         const pugi::xml_node node = AppendChildElement(QStringLiteral("Font"), section);
         SetXmlAttribute(node, QStringLiteral("type"), values::integerToText(font.type));

@@ -37,7 +37,8 @@ std::optional<bool> flag(const QString &text)
 
 float heightOf(pugi::xml_node font)
 {
-    const auto size = values::textToSingle(GetXmlAttribute(font, QStringLiteral("size"), QStringLiteral("10")));
+    const auto size = values::textToSingle(
+        GetXmlAttribute(font, QStringLiteral("size"), QStringLiteral("10")));
     return size ? *size * 22.0f + 22.0f : ReportFontsIndex::defaultHeight;
 }
 
@@ -77,8 +78,8 @@ ReportFontsIndex::ReportFontsIndex(const pugi::xml_document &document, std::int1
         const auto textType = typeAsText(GetXmlAttribute(font, QStringLiteral("type"), QString()));
         if (textType && !m_heights.contains(*textType))
             m_heights.insert(*textType, heightOf(font));
-        const auto numberType =
-            values::textToInt16(GetXmlAttribute(font, QStringLiteral("type"), QStringLiteral("0")));
+        const auto numberType = values::textToInt16(
+            GetXmlAttribute(font, QStringLiteral("type"), QStringLiteral("0")));
         if (numberType && !m_fonts.contains(*numberType))
             m_fonts.insert(*numberType, controlFontOf(font));
     }

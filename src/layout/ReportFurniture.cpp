@@ -17,9 +17,11 @@ QList<FurnitureLine> HeaderFurniture(const GeneralReportLayout &layout, const Re
                                      const QDateTime &printed)
 {
     QList<FurnitureLine> lines;
-    add(lines, layout.company, layout.company.label, furnitureFont::company, layout.company.alignment);
+    add(lines, layout.company, layout.company.label, furnitureFont::company,
+        layout.company.alignment);
     add(lines, layout.title, titles.title, furnitureFont::title, layout.title.alignment);
-    add(lines, layout.subTitle, titles.subTitle, furnitureFont::subTitle, layout.subTitle.alignment);
+    add(lines, layout.subTitle, titles.subTitle, furnitureFont::subTitle,
+        layout.subTitle.alignment);
     add(lines, layout.description, titles.description, furnitureFont::subTitle,
         layout.description.alignment, true);
     add(lines, layout.printDate, FormatPrintDate(layout.printDate.format, printed.date()),

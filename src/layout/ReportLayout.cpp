@@ -4,9 +4,8 @@
 #include "layout/FormatPickers.h"
 #include "layout/ReportFontsIndex.h"
 #include "layout/ReportsFolderFile.h"
-#include "library/Xml.h"
 #include "library/LateBinding.h"
-
+#include "library/Xml.h"
 
 namespace bravcpl5 {
 
@@ -27,8 +26,8 @@ QString layoutFileBeside(const QString &configurationFile)
 {
     if (configurationFile.isEmpty())
         return QString();
-    const qsizetype separator =
-        qMax(configurationFile.lastIndexOf(u'/'), configurationFile.lastIndexOf(u'\\'));
+    const qsizetype separator = qMax(configurationFile.lastIndexOf(u'/'),
+                                     configurationFile.lastIndexOf(u'\\'));
     QString baseName = configurationFile.mid(separator + 1);
     const qsizetype dot = baseName.lastIndexOf(u'.');
     if (dot >= 0)
@@ -67,12 +66,14 @@ QString ReportLayout::GeneralReportLayoutFile(bool ForceUser)
 
 XmlDocumentPtr ReportLayout::generalReportFontsDocument(bool copyToUser) const
 {
-    return loadIfExists(ResolveReportsFile(host(), QString::fromLatin1(generalReportFontsFileName), copyToUser));
+    return loadIfExists(
+        ResolveReportsFile(host(), QString::fromLatin1(generalReportFontsFileName), copyToUser));
 }
 
 XmlDocumentPtr ReportLayout::processReportFontsDocument() const
 {
-    return loadIfExists(ResolveReportsFile(host(), QString::fromLatin1(processReportFontsFileName), false));
+    return loadIfExists(
+        ResolveReportsFile(host(), QString::fromLatin1(processReportFontsFileName), false));
 }
 
 QString ReportLayout::LoadGeneralReportFonts(bool CopyToUser)
@@ -85,7 +86,10 @@ QString ReportLayout::GeneralReportFontsFile(bool ForceUser)
     return ResolveReportsFile(host(), QString::fromLatin1(generalReportFontsFileName), ForceUser);
 }
 
-QString ReportLayout::LoadProcessReportFonts() { return documentText(processReportFontsDocument()); }
+QString ReportLayout::LoadProcessReportFonts()
+{
+    return documentText(processReportFontsDocument());
+}
 
 QString ReportLayout::ProcessReportFontsFile(bool ForceUser)
 {
@@ -126,7 +130,8 @@ float ReportLayout::GetFontHeight(qint16 ReportType, qint16 FieldType)
     return index ? index->height(FieldType) : ReportFontsIndex::defaultHeight;
 }
 
-void ReportLayout::ApplyFontSettingsToControl(QObject *oControl, qint16 ReportType, qint16 FieldType)
+void ReportLayout::ApplyFontSettingsToControl(QObject *oControl, qint16 ReportType,
+                                              qint16 FieldType)
 {
     if (const ReportFontsIndex *index = fonts(ReportType)) {
         if (const ControlFont *font = index->font(FieldType))
@@ -153,9 +158,10 @@ bool ReportLayout::ApplyBorderToControl(QObject *oControl, qint16 BorderPreset)
     for (const pickers::BorderPreset &preset : pickers::borderPresets) {
         if (preset.code != BorderPreset)
             continue;
-        const std::pair<const char *, std::int16_t> sides[] = {
-            {"LeftStyle", preset.left}, {"TopStyle", preset.top},
-            {"RightStyle", preset.right}, {"BottomStyle", preset.bottom}};
+        const std::pair<const char *, std::int16_t> sides[] = {{"LeftStyle", preset.left},
+                                                               {"TopStyle", preset.top},
+                                                               {"RightStyle", preset.right},
+                                                               {"BottomStyle", preset.bottom}};
         QObject *border = nullptr;
         for (const auto &[side, style] : sides) {
             if (style == pickers::lineNone)

@@ -61,7 +61,8 @@ public:
     // must have been there. Twips for a one-line control: 242 unless the report type's
     // document has a font of that type.
     Q_INVOKABLE float GetFontHeight(qint16 ReportType, qint16 FieldType);
-    Q_INVOKABLE void ApplyFontSettingsToControl(QObject *oControl, qint16 ReportType, qint16 FieldType);
+    Q_INVOKABLE void ApplyFontSettingsToControl(QObject *oControl, qint16 ReportType,
+                                                qint16 FieldType);
 
     // Bold 1 clears Font.Bold, 2 sets it; anything else changes nothing.
     Q_INVOKABLE void ApplyTextFormatSettingsToControl(QObject *oControl, qint16 Bold);

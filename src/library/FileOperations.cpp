@@ -35,7 +35,10 @@ bool MoveFile(const QString &from, const QString &to)
     return !FileExists(to) && QFile::rename(from, to);
 }
 
-bool CopyFile(const QString &from, const QString &to) { return !FileExists(to) && QFile::copy(from, to); }
+bool CopyFile(const QString &from, const QString &to)
+{
+    return !FileExists(to) && QFile::copy(from, to);
+}
 
 bool DeleteFile(const QString &path) { return QFile::remove(path); }
 

@@ -83,9 +83,9 @@ bool invokeMethod(QObject *object, const QMetaMethod &method, const QVariantList
 
     bool ok = false;
     try {
-        ok = method.invoke(object, Qt::DirectConnection, ret, generic[0], generic[1],
-                           generic[2], generic[3], generic[4], generic[5], generic[6],
-                           generic[7], generic[8], generic[9]);
+        ok = method.invoke(object, Qt::DirectConnection, ret, generic[0], generic[1], generic[2],
+                           generic[3], generic[4], generic[5], generic[6], generic[7], generic[8],
+                           generic[9]);
     } catch (...) {
         ok = false;
     }

@@ -138,8 +138,7 @@ std::unique_ptr<QLockFile> lockFile(const QString &path)
 
 // Reads, changes and writes the file under the lock; the old file stays whole when the
 // write fails. A file still in the flat form is rewritten in the new one on the way.
-template <typename Change>
-bool updateFile(const QString &path, Change change)
+template <typename Change> bool updateFile(const QString &path, Change change)
 {
     QDir().mkpath(QFileInfo(path).absolutePath());
     const auto lock = lockFile(path);

@@ -31,8 +31,7 @@ QString GetRegValue(unsigned hive, const QString &key, const QString &valueName,
 // HKEY_CURRENT_USER or the key is missing.
 QList<std::pair<QString, QString>> GetRegValues(unsigned hive, const QString &key);
 // Creates the key when needed and writes the string value; false when it could not.
-bool SetRegValue(unsigned hive, const QString &key, const QString &valueName,
-                 const QString &data);
+bool SetRegValue(unsigned hive, const QString &key, const QString &valueName, const QString &data);
 
 // The printer-configurations key with the host's settings profile filled in.
 QString PrinterConfigurationsKey(QObject *host);

@@ -18,7 +18,8 @@ QString escaped(const QString &text, QLatin1StringView special, QLatin1StringVie
         const QChar c = text.at(i);
         const bool atEdge = i == 0 || i == text.size() - 1;
         if (c.unicode() < 0x20 || c.unicode() == 0x7f || c == QLatin1Char('%')
-            || special.contains(c) || (i == 0 && specialFirst.contains(c)) || (atEdge && isBlank(c)))
+            || special.contains(c) || (i == 0 && specialFirst.contains(c))
+            || (atEdge && isBlank(c)))
             out += QStringLiteral("%%1").arg(c.unicode(), 2, 16, QLatin1Char('0')).toUpper();
         else
             out += c;
@@ -28,7 +29,8 @@ QString escaped(const QString &text, QLatin1StringView special, QLatin1StringVie
 
 bool isHexDigit(QChar c)
 {
-    return (c >= QLatin1Char('0') && c <= QLatin1Char('9')) || (c >= QLatin1Char('A') && c <= QLatin1Char('F'))
+    return (c >= QLatin1Char('0') && c <= QLatin1Char('9'))
+           || (c >= QLatin1Char('A') && c <= QLatin1Char('F'))
            || (c >= QLatin1Char('a') && c <= QLatin1Char('f'));
 }
 
@@ -88,7 +90,8 @@ RegistryIni RegistryIni::parse(const QByteArray &text)
     bool inGeneral = false;
     for (QStringView line : QStringView(all).split(QLatin1Char('\n'))) {
         line = trimmedBlanks(line.endsWith(QLatin1Char('\r')) ? line.chopped(1) : line);
-        if (line.isEmpty() || line.startsWith(QLatin1Char(';')) || line.startsWith(QLatin1Char('#')))
+        if (line.isEmpty() || line.startsWith(QLatin1Char(';'))
+            || line.startsWith(QLatin1Char('#')))
             continue;
         if (line.startsWith(QLatin1Char('[')) && line.endsWith(QLatin1Char(']'))) {
             const QStringView group = line.mid(1, line.size() - 2);
@@ -105,7 +108,8 @@ RegistryIni RegistryIni::parse(const QByteArray &text)
             ini.flatEntries = true;
             continue;
         }
-        ini.setValue(ini.keys[currentKey], unescaped(name), unescaped(trimmedBlanks(line.mid(equals + 1))));
+        ini.setValue(ini.keys[currentKey], unescaped(name),
+                     unescaped(trimmedBlanks(line.mid(equals + 1))));
     }
     return ini;
 }

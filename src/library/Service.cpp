@@ -1,6 +1,5 @@
 #include "library/Service.h"
 
-
 namespace bravcpl5 {
 
 Service::Service(QObject *parent) : QObject(parent) {}

@@ -291,7 +291,8 @@ QString toLongTime(const QTime &time, const QLocale &locale)
 
 QString toGeneralDate(const QDateTime &dateTime, const QLocale &locale)
 {
-    return toShortDate(dateTime.date(), locale) + QLatin1Char(' ') + toLongTime(dateTime.time(), locale);
+    return toShortDate(dateTime.date(), locale) + QLatin1Char(' ')
+           + toLongTime(dateTime.time(), locale);
 }
 
 } // namespace bravcpl5::values

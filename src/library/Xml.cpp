@@ -110,10 +110,12 @@ XmlDocumentPtr parse(const QByteArray &bytes, pugi::xml_encoding encoding)
     if (bytes.isEmpty())
         return nullptr;
     auto doc = std::make_unique<pugi::xml_document>();
-    const pugi::xml_parse_result result =
-        doc->load_buffer(bytes.constData(), size_t(bytes.size()), parseOptions, encoding);
+    const pugi::xml_parse_result result = doc->load_buffer(bytes.constData(), size_t(bytes.size()),
+                                                           parseOptions, encoding);
     if (!result) {
-        lastError() = QStringLiteral("%1 at offset %2").arg(QString::fromUtf8(result.description())).arg(result.offset);
+        lastError() = QStringLiteral("%1 at offset %2")
+                          .arg(QString::fromUtf8(result.description()))
+                          .arg(result.offset);
         return nullptr;
     }
     if (!doc->document_element()) {
@@ -121,7 +123,8 @@ XmlDocumentPtr parse(const QByteArray &bytes, pugi::xml_encoding encoding)
         return nullptr;
     }
     if (elementDepth(*doc) > maxElementDepth) {
-        lastError() = QStringLiteral("Elements nested more than %1 levels deep").arg(maxElementDepth);
+        lastError() =
+            QStringLiteral("Elements nested more than %1 levels deep").arg(maxElementDepth);
         return nullptr;
     }
     settleDeclaration(*doc);
@@ -151,7 +154,10 @@ XmlDocumentPtr LoadXmlFile(const QString &path)
     return parse(file.readAll(), pugi::encoding_auto);
 }
 
-XmlDocumentPtr LoadXmlText(const QString &text) { return parse(text.toUtf8(), pugi::encoding_utf8); }
+XmlDocumentPtr LoadXmlText(const QString &text)
+{
+    return parse(text.toUtf8(), pugi::encoding_utf8);
+}
 
 QString LastXmlError() { return lastError(); }
 
@@ -305,7 +311,8 @@ QByteArray XmlDocumentText(const pugi::xml_document &document)
 {
     ByteArrayWriter writer;
     const bool indent = elementDepth(document) <= maxIndentedDepth;
-    document.save(writer, "  ", indent ? pugi::format_indent : pugi::format_raw, pugi::encoding_utf8);
+    document.save(writer, "  ", indent ? pugi::format_indent : pugi::format_raw,
+                  pugi::encoding_utf8);
     return writer.bytes;
 }
 

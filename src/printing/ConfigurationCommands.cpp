@@ -9,8 +9,8 @@ namespace bravcpl5 {
 const QList<ConfigurationCommand> &PrinterBarCommands()
 {
     static const QList<ConfigurationCommand> commands = {
-        ConfigurationCommand::PageSetup, ConfigurationCommand::PrinterProperties, ConfigurationCommand::Copy,
-        ConfigurationCommand::Delete, ConfigurationCommand::Refresh};
+        ConfigurationCommand::PageSetup, ConfigurationCommand::PrinterProperties,
+        ConfigurationCommand::Copy, ConfigurationCommand::Delete, ConfigurationCommand::Refresh};
     return commands;
 }
 
@@ -62,8 +62,9 @@ NameRefusal CheckConfigurationName(const QString &name)
     if (forbidden.match(name).hasMatch())
         return NameRefusal::Characters;
     // Device names, with or without an extension ("CON", "lpt1.pcx").
-    static const QRegularExpression device(QStringLiteral("^(CON|PRN|AUX|NUL|COM[1-9]|LPT[1-9])\\s*(\\..*)?$"),
-                                           QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression device(
+        QStringLiteral("^(CON|PRN|AUX|NUL|COM[1-9]|LPT[1-9])\\s*(\\..*)?$"),
+        QRegularExpression::CaseInsensitiveOption);
     if (device.match(name).hasMatch())
         return NameRefusal::Reserved;
     return NameRefusal::None;
@@ -77,11 +78,12 @@ QString RenameRefusalMessage(NameRefusal refusal, const QString &name)
     case NameRefusal::Empty:
         return QStringLiteral("The printer configuration must have a name.");
     case NameRefusal::Characters:
-        return QStringLiteral("The printer configuration cannot be renamed to '") + name +
-               QStringLiteral("' because a name cannot contain any of these characters: \\ / : * ? \" < > |");
+        return QStringLiteral("The printer configuration cannot be renamed to '") + name
+               + QStringLiteral(
+                   "' because a name cannot contain any of these characters: \\ / : * ? \" < > |");
     case NameRefusal::Reserved:
-        return QStringLiteral("The printer configuration cannot be renamed to '") + name +
-               QStringLiteral("' because that name is reserved by the system.");
+        return QStringLiteral("The printer configuration cannot be renamed to '") + name
+               + QStringLiteral("' because that name is reserved by the system.");
     }
     return QString();
 }
@@ -94,19 +96,22 @@ QString RenameTarget(const QString &file, const QString &name)
 
 QString RenameExistsMessage(const QString &target)
 {
-    return QStringLiteral("The printer configuration cannot be renamed becuase a printer configuration with the "
-                          "name '") +
-           target + QStringLiteral("' already exists.");
+    return QStringLiteral("The printer configuration cannot be renamed becuase a printer "
+                          "configuration with the "
+                          "name '")
+           + target + QStringLiteral("' already exists.");
 }
 
-QString CopyTarget(const QString &file, const QString &userFolder, const std::function<bool(const QString &)> &exists)
+QString CopyTarget(const QString &file, const QString &userFolder,
+                   const std::function<bool(const QString &)> &exists)
 {
     if (file.isEmpty() || userFolder.isEmpty())
         return QString();
     const PathParts parts = SplitPath(file);
     QString target = PathInFolder(userFolder, parts.name + parts.extension);
     for (int copy = 1; exists(target); ++copy) {
-        const QString suffix = copy == 1 ? QStringLiteral(" - Copy") : QStringLiteral(" - Copy (%1)").arg(copy);
+        const QString suffix = copy == 1 ? QStringLiteral(" - Copy")
+                                         : QStringLiteral(" - Copy (%1)").arg(copy);
         target = PathInFolder(userFolder, parts.name + suffix + parts.extension);
     }
     return target;
@@ -114,8 +119,8 @@ QString CopyTarget(const QString &file, const QString &userFolder, const std::fu
 
 QString DeleteQuestion(const QString &name)
 {
-    return QStringLiteral("Are you sure you want to delete the printer configuration '") + name +
-           QStringLiteral("'?");
+    return QStringLiteral("Are you sure you want to delete the printer configuration '") + name
+           + QStringLiteral("'?");
 }
 
 } // namespace bravcpl5

@@ -50,7 +50,8 @@ QString RenameExistsMessage(const QString &target);
 // Where a copy of `file` goes in `userFolder`: the same file name, unless it is there
 // already (the source is a user configuration, or a user copy exists), then
 // "<name> - Copy", "<name> - Copy (2)", ... "" when either path is empty.
-QString CopyTarget(const QString &file, const QString &userFolder, const std::function<bool(const QString &)> &exists);
+QString CopyTarget(const QString &file, const QString &userFolder,
+                   const std::function<bool(const QString &)> &exists);
 
 QString DeleteQuestion(const QString &name);
 

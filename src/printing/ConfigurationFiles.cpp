@@ -34,7 +34,8 @@ QStringList configurationFileNames(const QString &folder)
             continue;
         bool regular = entry->d_type == DT_REG;
         if (entry->d_type == DT_UNKNOWN || entry->d_type == DT_LNK) {
-            struct stat status {};
+            struct stat status {
+            };
             regular = fstatat(dirfd(dir), name, &status, 0) == 0 && S_ISREG(status.st_mode);
         }
         if (regular)

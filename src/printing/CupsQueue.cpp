@@ -241,19 +241,22 @@ void readIppBins(const IppPrinter &printer, CupsQueue &result)
 {
     http_t *http = printer.http.get();
     const QString option = QStringLiteral("media-source");
-    ipp_attribute_t *sources = cupsFindDestSupported(http, printer.dest, printer.info.get(), "media-source");
+    ipp_attribute_t *sources = cupsFindDestSupported(http, printer.dest, printer.info.get(),
+                                                     "media-source");
     QList<PaperBinName> names;
     for (int i = 0; i < ippGetCount(sources); ++i) {
         const QString keyword = QString::fromUtf8(ippGetString(sources, i, nullptr));
         names.append({keyword, keywordToName(keyword)});
     }
     if (names.isEmpty()) { // as a PPD without sources: the bin a job without one takes
-        result.bins.append({QString(), QString(), automatic, StandardPaperBinCode({QString(), automatic})});
+        result.bins.append(
+            {QString(), QString(), automatic, StandardPaperBinCode({QString(), automatic})});
         result.defaultBinCode = result.bins.first().code;
         return;
     }
     const QList<int> codes = NumberPaperBins(names);
-    ipp_attribute_t *chosen = cupsFindDestDefault(http, printer.dest, printer.info.get(), "media-source");
+    ipp_attribute_t *chosen = cupsFindDestDefault(http, printer.dest, printer.info.get(),
+                                                  "media-source");
     const QString chosenKeyword = QString::fromUtf8(chosen ? ippGetString(chosen, 0, nullptr) : "");
     for (qsizetype i = 0; i < names.size(); ++i) {
         const QByteArray keyword = names[i].keyword.toUtf8();
@@ -272,12 +275,14 @@ void readIppBins(const IppPrinter &printer, CupsQueue &result)
 QSizeF mediaColSize(ipp_attribute_t *mediaCol)
 {
     ipp_t *col = mediaCol ? ippGetCollection(mediaCol, 0) : nullptr;
-    ipp_attribute_t *size = col ? ippFindAttribute(col, "media-size", IPP_TAG_BEGIN_COLLECTION) : nullptr;
+    ipp_attribute_t *size = col ? ippFindAttribute(col, "media-size", IPP_TAG_BEGIN_COLLECTION)
+                                : nullptr;
     ipp_t *dimensions = size ? ippGetCollection(size, 0) : nullptr;
     if (!dimensions)
         return {};
     const auto length = [&](const char *name) {
-        return hundredthsToPoints(ippGetInteger(ippFindAttribute(dimensions, name, IPP_TAG_INTEGER), 0));
+        return hundredthsToPoints(
+            ippGetInteger(ippFindAttribute(dimensions, name, IPP_TAG_INTEGER), 0));
     };
     return {length("x-dimension"), length("y-dimension")};
 }
@@ -298,10 +303,12 @@ void readIppSizes(const IppPrinter &printer, CupsQueue &result)
         entry.points = QSizeF(hundredthsToPoints(media.width), hundredthsToPoints(media.length));
         if (!isSheet(entry.points))
             continue;
-        const char *localized = cupsLocalizeDestMedia(http, printer.dest, printer.info.get(), flags, &media);
+        const char *localized = cupsLocalizeDestMedia(http, printer.dest, printer.info.get(), flags,
+                                                      &media);
         entry.name = localized && *localized ? QString::fromUtf8(localized) : entry.keyword;
         entry.unprintable = QMarginsF(hundredthsToPoints(media.left), hundredthsToPoints(media.top),
-                                      hundredthsToPoints(media.right), hundredthsToPoints(media.bottom));
+                                      hundredthsToPoints(media.right),
+                                      hundredthsToPoints(media.bottom));
         result.sizes.append(entry);
     }
     numberSizes(result.sizes);
@@ -310,8 +317,10 @@ void readIppSizes(const IppPrinter &printer, CupsQueue &result)
     // default would fall back to the sheet of the user's locale.
     ipp_attribute_t *media = cupsFindDestDefault(http, printer.dest, printer.info.get(), "media");
     const QString keyword = QString::fromUtf8(media ? ippGetString(media, 0, nullptr) : "");
-    const QSizeF dimensions = mediaColSize(cupsFindDestDefault(http, printer.dest, printer.info.get(), "media-col"));
-    const CupsPaperSize *chosen = findFirst(result.sizes, [&](const CupsPaperSize &size) { return size.keyword == keyword; });
+    const QSizeF dimensions = mediaColSize(
+        cupsFindDestDefault(http, printer.dest, printer.info.get(), "media-col"));
+    const CupsPaperSize *chosen = findFirst(
+        result.sizes, [&](const CupsPaperSize &size) { return size.keyword == keyword; });
     if (!chosen)
         chosen = findFirst(result.sizes, [&](const CupsPaperSize &size) {
             return size.points == dimensions; // the same hundredths of a millimetre
@@ -355,7 +364,8 @@ const CupsPaperSize *CupsQueue::sizeByCode(int code) const
 
 const CupsPaperSize *CupsQueue::sizeByPoints(const QSizeF &points) const
 {
-    return findFirst(sizes, [&](const CupsPaperSize &size) { return SamePaper(size.points, points); });
+    return findFirst(sizes,
+                     [&](const CupsPaperSize &size) { return SamePaper(size.points, points); });
 }
 
 const CupsPaperSize *CupsQueue::defaultSize() const

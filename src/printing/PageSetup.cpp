@@ -114,7 +114,8 @@ bool PageSetup::read(const pugi::xml_document &document, const PageSetupChoices 
         paperWidth = GetXmlValue(name(pagesetup::paperWidth), node, QString());
         paperHeight = GetXmlValue(name(pagesetup::paperHeight), node, QString());
     }
-    readSelection(node, pagesetup::paperSource, defaults.paperBin, choices.paperSources, paperSource);
+    readSelection(node, pagesetup::paperSource, defaults.paperBin, choices.paperSources,
+                  paperSource);
     readLengths(node, marginFields, *this);
     // The check box takes 0 (clear) and 1 (ticked) only; it keeps its state otherwise.
     const int mirror = GetXmlInteger(name(pagesetup::mirrorMargins), node, 0);

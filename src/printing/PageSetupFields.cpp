@@ -52,7 +52,8 @@ QString IncrementFieldValue(float step, float minimum, float maximum, const QStr
     return values::singleToText(value);
 }
 
-QString DecrementFieldValue(float step, float minimum, float /*maximum: a step down never passes it*/, const QString &text)
+QString DecrementFieldValue(float step, float minimum,
+                            float /*maximum: a step down never passes it*/, const QString &text)
 {
     float value = startingValue(text, minimum);
     if (value < minimum)

@@ -15,9 +15,18 @@ namespace bravcpl5 {
 
 // The numeric fields, in the order of the dialog's tabs.
 enum class PageSetupField {
-    TopMargin, BottomMargin, LeftMargin, RightMargin, Gutter,
-    PaperWidth, PaperHeight,
-    LabelWidth, LabelHeight, HorizontalGap, VerticalGap, ColumnsPerSheet,
+    TopMargin,
+    BottomMargin,
+    LeftMargin,
+    RightMargin,
+    Gutter,
+    PaperWidth,
+    PaperHeight,
+    LabelWidth,
+    LabelHeight,
+    HorizontalGap,
+    VerticalGap,
+    ColumnsPerSheet,
 };
 
 struct FieldLimits {

@@ -16,7 +16,8 @@ constexpr double scaleStep = 0.01;
 
 // Raised when a computation leaves the single range (or is not a number): the drawing
 // stops there and what was drawn stays.
-struct OutOfRange {};
+struct OutOfRange {
+};
 
 float single(double value)
 {
@@ -38,9 +39,11 @@ bool invalidSettings(const PageSetupPreviewInfo &i)
     if (single(across) >= i.PaperWidth)
         return true;
     // Label rows are counted as the number of columns here; the check has always done so.
-    if (single(down + i.LabelHeight * columns + (i.VerticalGap * columns - i.VerticalGap)) >= i.PaperHeight)
+    if (single(down + i.LabelHeight * columns + (i.VerticalGap * columns - i.VerticalGap))
+        >= i.PaperHeight)
         return true;
-    return single(across + i.LabelWidth * columns + (columns * i.HorizontalGap - i.HorizontalGap)) >= i.PaperWidth;
+    return single(across + i.LabelWidth * columns + (columns * i.HorizontalGap - i.HorizontalGap))
+           >= i.PaperWidth;
 }
 
 void drawInvalidSettings(PreviewSurface &surface)
@@ -73,7 +76,8 @@ void drawLabels(const PageSetupPreviewInfo &i, PreviewSurface &surface, float s,
     while (single(double(y) + lh) <= bottom) {
         float x = left;
         for (int column = 1; column <= *columns; ++column) {
-            drawBox(surface, labelFill, FillStyle::Solid, x, y, single(double(x) + lw), single(double(y) + lh));
+            drawBox(surface, labelFill, FillStyle::Solid, x, y, single(double(x) + lw),
+                    single(double(y) + lh));
             x = single(double(x) + columnStep);
         }
         const float next = single(double(y) + rowStep);
@@ -137,7 +141,8 @@ void DrawPageSetupPreview(const PageSetupPreviewInfo &info, PreviewSurface &surf
 {
     const QColor background = surface.backColor();
     surface.setForeColor(background);
-    drawBox(surface, background, FillStyle::Solid, 0, 0, surface.scaleWidth(), surface.scaleHeight());
+    drawBox(surface, background, FillStyle::Solid, 0, 0, surface.scaleWidth(),
+            surface.scaleHeight());
     try {
         if (invalidSettings(info))
             drawInvalidSettings(surface);

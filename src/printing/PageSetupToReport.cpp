@@ -42,7 +42,8 @@ void ApplyPageSetupToReport(pugi::xml_node node, QObject *report)
     late::set(settings, report::paperSize, int(GetXmlInteger(name(pagesetup::paperSize), node, 1)));
     setLength(settings, report::paperWidth, twips(node, pagesetup::paperWidth, 8));
     setLength(settings, report::paperHeight, twips(node, pagesetup::paperHeight, 11));
-    late::set(settings, report::paperSource, int(GetXmlInteger(name(pagesetup::paperSource), node, 7)));
+    late::set(settings, report::paperSource,
+              int(GetXmlInteger(name(pagesetup::paperSource), node, 7)));
     setLength(settings, report::topMargin, twips(node, pagesetup::topMargin, 1));
     setLength(settings, report::bottomMargin, twips(node, pagesetup::bottomMargin, 1));
     setLength(settings, report::leftMargin, twips(node, pagesetup::leftMargin, 1));
@@ -51,10 +52,11 @@ void ApplyPageSetupToReport(pugi::xml_node node, QObject *report)
     // 1036800. Reports laid out against this behaviour depend on it, so it stays.
     if (const auto gutter = twips(node, pagesetup::gutter, 0))
         setLength(settings, report::gutter, values::toSingle(double(*gutter) * TwipsPerInch));
-    late::set(settings, report::mirrorMargins, GetXmlInteger(name(pagesetup::mirrorMargins), node, 0) > 0);
+    late::set(settings, report::mirrorMargins,
+              GetXmlInteger(name(pagesetup::mirrorMargins), node, 0) > 0);
     late::set(settings, report::orientation,
               GetXmlInteger(name(pagesetup::orientation), node, 0) == 0 ? report::portrait
-                                                                      : report::landscape);
+                                                                        : report::landscape);
 
     const auto width = readNumber(settings, report::paperWidth);
     const auto right = readNumber(settings, report::rightMargin);

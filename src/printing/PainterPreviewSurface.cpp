@@ -7,13 +7,11 @@
 
 namespace bravcpl5 {
 
-namespace {
-}
+namespace {}
 
 PainterPreviewSurface::PainterPreviewSurface(QPaintDevice &device, const QColor &background)
     : m_device(device), m_painter(&device), m_background(background)
-{
-}
+{}
 
 float PainterPreviewSurface::scaleWidth() const
 {

@@ -6,9 +6,9 @@
 #include "library/Registry.h"
 #include "library/Xml.h"
 #include "printing/ConfigurationFiles.h"
-#include "printing/ReportContract.h"
 #include "printing/PageSetupElements.h"
 #include "printing/PageSetupToReport.h"
+#include "printing/ReportContract.h"
 
 #include <QHash>
 #include <QSet>
@@ -26,8 +26,8 @@ const auto unassignedMessage = QStringLiteral(
     "Attention: One or more of the printer configurations does not have a printer assigned to "
     "it. This may cause undesirable results if the unassigned printer configuration is "
     "specifically referenced on a report or label.");
-const auto recommendation =
-    QStringLiteral("It is reccommended that you assign a printer to each printer configuration.");
+const auto recommendation = QStringLiteral(
+    "It is reccommended that you assign a printer to each printer configuration.");
 const auto fixQuestion = QStringLiteral(" Do you want to address this now?");
 
 // A folder with its configuration files, listed once.
@@ -81,8 +81,7 @@ QString PrinterConfigurations::registryValue(const QString &valueName) const
 }
 
 bool PrinterConfigurations::SetupPageFromPrinterConfiguration(const QString &PrinterConfiguration,
-                                                              QObject *oReport,
-                                                              bool OnlySetPrinter)
+                                                              QObject *oReport, bool OnlySetPrinter)
 {
     if (PrinterConfiguration.isEmpty())
         return false;
@@ -90,8 +89,8 @@ bool PrinterConfigurations::SetupPageFromPrinterConfiguration(const QString &Pri
               GetPrinterForConfiguration(PrinterConfiguration));
     if (OnlySetPrinter)
         return false;
-    const XmlDocumentPtr document =
-        LoadXmlFile(GetPrinterConfigurationFileFromName(PrinterConfiguration));
+    const XmlDocumentPtr document = LoadXmlFile(
+        GetPrinterConfigurationFileFromName(PrinterConfiguration));
     if (!document)
         return false;
     const pugi::xml_node pageSetup =
@@ -188,7 +187,8 @@ bool PrinterConfigurations::VerifyPrinterConfigurations(bool Verbose, bool CanFi
         if (!CanFix) {
             ShowMessage(text, QMessageBox::Warning, QMessageBox::Ok);
         } else if (ShowMessage(text + fixQuestion, QMessageBox::Warning,
-                               QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes) {
+                               QMessageBox::Yes | QMessageBox::No)
+                   == QMessageBox::Yes) {
             late::call(ownerObject(), "ShowPrinterConfigurations");
         }
     }
@@ -199,8 +199,9 @@ bool PrinterConfigurations::PrinterConfigurationIsSystem(const QString &NameOrFi
 {
     if (NameOrFile.isEmpty())
         return false;
-    const QString file =
-        HasFolderPart(NameOrFile) ? NameOrFile : GetPrinterConfigurationFileFromName(NameOrFile);
+    const QString file = HasFolderPart(NameOrFile)
+                             ? NameOrFile
+                             : GetPrinterConfigurationFileFromName(NameOrFile);
     const XmlDocumentPtr document = LoadXmlFile(file);
     if (!document)
         return false;

@@ -51,7 +51,8 @@ public:
     // printer when empty or not installed); True when the user confirmed with OK, False
     // when cancelled or when there is no printer to set the page up for. Defined beside
     // the dialog, in forms/frmPageSetup.cpp.
-    Q_INVOKABLE bool ShowPageSetup(const QString &PrinterConfiguration, const QString &PrinterName = QString());
+    Q_INVOKABLE bool ShowPageSetup(const QString &PrinterConfiguration,
+                                   const QString &PrinterName = QString());
 
     // Every configuration of GetPrinterConfigurations with the file lookups by name use
     // (GetPrinterConfigurationFileFromName), each folder listed once: for lists of every

@@ -17,6 +17,9 @@ SystemPrinters &CurrentSystemPrinters()
     return *instance();
 }
 
-void SetSystemPrinters(std::unique_ptr<SystemPrinters> printers) { instance() = std::move(printers); }
+void SetSystemPrinters(std::unique_ptr<SystemPrinters> printers)
+{
+    instance() = std::move(printers);
+}
 
 } // namespace bravcpl5

@@ -15,7 +15,8 @@ class DesktopPrinters final : public SystemPrinters
 public:
     QString openPrinters() override
     {
-        const QString tool = QStandardPaths::findExecutable(QStringLiteral("system-config-printer"));
+        const QString tool = QStandardPaths::findExecutable(
+            QStringLiteral("system-config-printer"));
         if (!tool.isEmpty())
             return QProcess::startDetached(tool, {}) ? QString() : tool;
         return openPage(QStringLiteral("printers/"));
@@ -23,7 +24,8 @@ public:
 
     QString openPrinterProperties(const QString &printer) override
     {
-        return openPage(QStringLiteral("printers/") + QString::fromLatin1(QUrl::toPercentEncoding(printer)));
+        return openPage(QStringLiteral("printers/")
+                        + QString::fromLatin1(QUrl::toPercentEncoding(printer)));
     }
 
 private:
@@ -36,6 +38,9 @@ private:
 
 } // namespace
 
-std::unique_ptr<SystemPrinters> CreatePlatformSystemPrinters() { return std::make_unique<DesktopPrinters>(); }
+std::unique_ptr<SystemPrinters> CreatePlatformSystemPrinters()
+{
+    return std::make_unique<DesktopPrinters>();
+}
 
 } // namespace bravcpl5

@@ -12,12 +12,14 @@ class ShellPrinters final : public SystemPrinters
 public:
     QString openPrinters() override
     {
-        return run({QStringLiteral("shell32.dll,SHHelpShortcuts_RunDLL"), QStringLiteral("PrintersFolder")});
+        return run({QStringLiteral("shell32.dll,SHHelpShortcuts_RunDLL"),
+                    QStringLiteral("PrintersFolder")});
     }
 
     QString openPrinterProperties(const QString &printer) override
     {
-        return run({QStringLiteral("printui.dll,PrintUIEntry"), QStringLiteral("/p"), QStringLiteral("/n"), printer});
+        return run({QStringLiteral("printui.dll,PrintUIEntry"), QStringLiteral("/p"),
+                    QStringLiteral("/n"), printer});
     }
 
 private:
@@ -30,6 +32,9 @@ private:
 
 } // namespace
 
-std::unique_ptr<SystemPrinters> CreatePlatformSystemPrinters() { return std::make_unique<ShellPrinters>(); }
+std::unique_ptr<SystemPrinters> CreatePlatformSystemPrinters()
+{
+    return std::make_unique<ShellPrinters>();
+}
 
 } // namespace bravcpl5

@@ -15,11 +15,16 @@ constexpr int doubleStyle = 6;
 Qt::PenStyle penStyle(int plainStyle)
 {
     switch (plainStyle) {
-    case 2: return Qt::DashLine;
-    case 3: return Qt::DotLine;
-    case 4: return Qt::DashDotLine;
-    case 5: return Qt::DashDotDotLine;
-    default: return Qt::SolidLine;
+    case 2:
+        return Qt::DashLine;
+    case 3:
+        return Qt::DotLine;
+    case 4:
+        return Qt::DashDotLine;
+    case 5:
+        return Qt::DashDotDotLine;
+    default:
+        return Qt::SolidLine;
     }
 }
 
@@ -44,11 +49,13 @@ void drawSide(QPainter &painter, const QLineF &edge, QPointF inward, int style, 
 void ReportBorder::draw(QPainter &painter, const QRectF &rect, qreal thinWidth) const
 {
     painter.save();
-    drawSide(painter, {rect.topLeft(), rect.bottomLeft()}, {1, 0}, m_leftStyle, m_leftColor, thinWidth);
-    drawSide(painter, {rect.topLeft(), rect.topRight()}, {0, 1}, m_topStyle, m_topColor, thinWidth);
-    drawSide(painter, {rect.topRight(), rect.bottomRight()}, {-1, 0}, m_rightStyle, m_rightColor, thinWidth);
-    drawSide(painter, {rect.bottomLeft(), rect.bottomRight()}, {0, -1}, m_bottomStyle, m_bottomColor,
+    drawSide(painter, {rect.topLeft(), rect.bottomLeft()}, {1, 0}, m_leftStyle, m_leftColor,
              thinWidth);
+    drawSide(painter, {rect.topLeft(), rect.topRight()}, {0, 1}, m_topStyle, m_topColor, thinWidth);
+    drawSide(painter, {rect.topRight(), rect.bottomRight()}, {-1, 0}, m_rightStyle, m_rightColor,
+             thinWidth);
+    drawSide(painter, {rect.bottomLeft(), rect.bottomRight()}, {0, -1}, m_bottomStyle,
+             m_bottomColor, thinWidth);
     painter.restore();
 }
 

@@ -10,8 +10,7 @@ namespace bravcpl5 {
 
 ReportControl::ReportControl(QObject *parent)
     : QObject(parent), m_font(new ReportFont(this)), m_border(new ReportBorder(this))
-{
-}
+{}
 
 void ReportControl::setTwipsRect(const QRectF &rect)
 {

@@ -34,7 +34,7 @@ struct ReportPageValues {
 };
 
 struct ResolvedReportPage {
-    QPageSize paper; // as the paper lies in the printer (portrait)
+    QPageSize paper;    // as the paper lies in the printer (portrait)
     QSizeF paperPoints; // its exact size (Qt gives standard sizes in whole points)
     QPageLayout::Orientation orientation = QPageLayout::Portrait;
     QMarginsF margins; // twips, on the page as printed, without the gutter

@@ -47,12 +47,21 @@ TEST(LabelSheet, LabelsFillTheSheetInThePrintingDirection)
         int count;
         QList<QPointF> firstFour; // inches
     } cases[] = {
-        {"AcrossThenDown", addressLabels(PrintDirection::AcrossThenDown), letter, 30,
+        {"AcrossThenDown",
+         addressLabels(PrintDirection::AcrossThenDown),
+         letter,
+         30,
          {{0.1875, 0.5}, {2.9375, 0.5}, {5.6875, 0.5}, {0.1875, 1.5}}},
-        {"DownThenAcross", addressLabels(PrintDirection::DownThenAcross), letter, 30,
+        {"DownThenAcross",
+         addressLabels(PrintDirection::DownThenAcross),
+         letter,
+         30,
          {{0.1875, 0.5}, {0.1875, 1.5}, {0.1875, 2.5}, {0.1875, 3.5}}},
         // Columns that do not fit across the paper are left out, rows likewise.
-        {"NarrowerPaper", addressLabels(PrintDirection::AcrossThenDown), QSizeF(6 * inch, 3 * inch), 4,
+        {"NarrowerPaper",
+         addressLabels(PrintDirection::AcrossThenDown),
+         QSizeF(6 * inch, 3 * inch),
+         4,
          {{0.1875, 0.5}, {2.9375, 0.5}, {0.1875, 1.5}, {2.9375, 1.5}}},
     };
     for (const auto &c : cases) {
@@ -75,10 +84,12 @@ TEST(LabelSheet, GeometryIsReadFromTheConfigurationFile)
     const QString file = QDir(folder.path()).filePath(QStringLiteral("Labels.pcx"));
     QFile out(file);
     ASSERT_TRUE(out.open(QIODevice::WriteOnly));
-    out.write("<PrinterConfiguration><PageSetup><TopMargin>.5</TopMargin><LeftMargin>.1875</LeftMargin>"
-              "<ColumnsPerSheet>2.6</ColumnsPerSheet><PrintDirection>1</PrintDirection>"
-              "<HorizontalGap>.125</HorizontalGap><LabelWidth>2.625</LabelWidth><LabelHeight>1</LabelHeight>"
-              "</PageSetup></PrinterConfiguration>");
+    out.write(
+        "<PrinterConfiguration><PageSetup><TopMargin>.5</TopMargin><LeftMargin>.1875</LeftMargin>"
+        "<ColumnsPerSheet>2.6</ColumnsPerSheet><PrintDirection>1</PrintDirection>"
+        "<HorizontalGap>.125</HorizontalGap><LabelWidth>2.625</LabelWidth><LabelHeight>1</"
+        "LabelHeight>"
+        "</PageSetup></PrinterConfiguration>");
     out.close();
     const LabelGeometry g = ReadLabelGeometry(file);
     EXPECT_EQ(g.columns, 3); // rounded, as the dialog stores it
@@ -88,7 +99,8 @@ TEST(LabelSheet, GeometryIsReadFromTheConfigurationFile)
     EXPECT_DOUBLE_EQ(g.top, 0.5 * inch);
     EXPECT_DOUBLE_EQ(g.horizontalGap, 0.125 * inch);
     // No file: one column of 4 x 1 in. labels.
-    const LabelGeometry none = ReadLabelGeometry(QDir(folder.path()).filePath(QStringLiteral("missing.pcx")));
+    const LabelGeometry none = ReadLabelGeometry(
+        QDir(folder.path()).filePath(QStringLiteral("missing.pcx")));
     EXPECT_EQ(none.columns, 1);
     EXPECT_DOUBLE_EQ(none.labelWidth, 4 * inch);
 }
@@ -96,7 +108,8 @@ TEST(LabelSheet, GeometryIsReadFromTheConfigurationFile)
 TEST(Quote, AmountsAreRoundedToCentsAtEachStep)
 {
     Quote quote;
-    quote.lines = {{QStringLiteral("Shutter"), {}, 3, 30, 60, 229.95}, {QStringLiteral("Blind"), {}, 1, 24, 48, 39.95}};
+    quote.lines = {{QStringLiteral("Shutter"), {}, 3, 30, 60, 229.95},
+                   {QStringLiteral("Blind"), {}, 1, 24, 48, 39.95}};
     const QuoteTotals t = TotalsOf(quote);
     EXPECT_DOUBLE_EQ(t.subtotal, 729.80);
     EXPECT_DOUBLE_EQ(t.discount, 72.98);
@@ -109,7 +122,8 @@ TEST(Quote, PrintsInTheProcessReportFontsOfTheLibrarysDocument)
 {
     bravcpl5::test::TestHost host;
     // Without a readable general fonts document neither family is read.
-    host.writeSystemFile(QStringLiteral("General Report Fonts.fox"), "<ReportFonts><GeneralReports/></ReportFonts>");
+    host.writeSystemFile(QStringLiteral("General Report Fonts.fox"),
+                         "<ReportFonts><GeneralReports/></ReportFonts>");
     host.writeSystemFile(QStringLiteral("Process Report Fonts.fox"),
                          R"(<ReportFonts><ProcessReports>
                               <Font type="15" name="DejaVu Serif" bold="1" size="20" color="255"/>
@@ -119,7 +133,8 @@ TEST(Quote, PrintsInTheProcessReportFontsOfTheLibrarysDocument)
     library.Initialize(&host);
     Quote quote;
     quote.lines = {{QStringLiteral("Shutter"), QStringLiteral("Den"), 1, 30, 60, 229.95}};
-    const auto report = BuildQuoteReport(&library, {QStringLiteral("Sunbridge"), {}, {}, {}}, quote, 7 * inch);
+    const auto report = BuildQuoteReport(&library, {QStringLiteral("Sunbridge"), {}, {}, {}}, quote,
+                                         7 * inch);
     ASSERT_TRUE(report);
     QObject *heading = nullptr, *value = nullptr;
     for (const Band *band : {&report->header, &report->body})
@@ -135,7 +150,8 @@ TEST(Quote, PrintsInTheProcessReportFontsOfTheLibrarysDocument)
     EXPECT_EQ(headingFont->property("Name").toString(), "DejaVu Serif");
     EXPECT_EQ(headingFont->property("Size").toDouble(), 20);
     EXPECT_TRUE(headingFont->property("Bold").toBool());
-    EXPECT_EQ(value->property("Font").value<QObject *>()->property("Name").toString(), "DejaVu Sans Mono");
+    EXPECT_EQ(value->property("Font").value<QObject *>()->property("Name").toString(),
+              "DejaVu Sans Mono");
     library.PreTerminate();
 }
 
@@ -151,8 +167,8 @@ TEST(SampleHostTour, WritesEveryPictureAndReportQuietlyAndKeepsItsSettingsInItsD
     environment.remove(QStringLiteral("XDG_RUNTIME_DIR"));
     host.setProcessEnvironment(environment);
     host.start(QStringLiteral(BRAVCPL5_SAMPLE_HOST),
-               {QStringLiteral("--data"), dir.filePath(QStringLiteral("data")), QStringLiteral("--tour"),
-                dir.filePath(QStringLiteral("tour"))});
+               {QStringLiteral("--data"), dir.filePath(QStringLiteral("data")),
+                QStringLiteral("--tour"), dir.filePath(QStringLiteral("tour"))});
     ASSERT_TRUE(host.waitForFinished(180000));
     EXPECT_EQ(host.exitCode(), 0);
     EXPECT_EQ(host.readAllStandardError(), QByteArray());
@@ -160,10 +176,11 @@ TEST(SampleHostTour, WritesEveryPictureAndReportQuietlyAndKeepsItsSettingsInItsD
     const QDir tour(dir.filePath(QStringLiteral("tour")));
     for (const char *file :
          {"main-window.png", "preview-product-price-list.png", "preview-customer-quote.png",
-          "preview-product-labels.png", "printer-configurations.png", "page-setup.png", "general-report-layout.png",
-          "general-report-fonts.png", "process-report-fonts.png", "report-filters.png", "report-fields.png",
-          "diagnostics.png", "open-orders.pdf", "orders-by-vendor.pdf", "product-price-list.pdf",
-          "sales-by-vendor.pdf", "vendor-list.pdf", "customer-quote.pdf", "product-labels.pdf"})
+          "preview-product-labels.png", "printer-configurations.png", "page-setup.png",
+          "general-report-layout.png", "general-report-fonts.png", "process-report-fonts.png",
+          "report-filters.png", "report-fields.png", "diagnostics.png", "open-orders.pdf",
+          "orders-by-vendor.pdf", "product-price-list.pdf", "sales-by-vendor.pdf",
+          "vendor-list.pdf", "customer-quote.pdf", "product-labels.pdf"})
         EXPECT_GT(QFileInfo(tour.filePath(QLatin1String(file))).size(), 1000) << file;
     EXPECT_TRUE(QFileInfo::exists(dir.filePath(QStringLiteral("data/registry.ini"))));
     EXPECT_FALSE(QFileInfo::exists(dir.filePath(QStringLiteral("home/.config/bravcpl5"))));

@@ -18,7 +18,8 @@ QVariantList numbered(int count)
 
 TEST(FormatString, ReplacesPlaceholders)
 {
-    const std::tuple<const char *, QString, QVariantList, QString> cases[] = { // name, template, arguments, result
+    const std::tuple<const char *, QString, QVariantList, QString> cases[] = {
+        // name, template, arguments, result
         {"Reordered", "{1}-{0}-{1}", {"a", "b"}, "b-a-b"},
         {"MissingArgumentStays", "{0} {2}", {"a", "b"}, "a {2}"},
         {"SixteenIsTheLast", "{16}/{17}", numbered(18), "a16/{17}"},
@@ -34,7 +35,8 @@ TEST(FormatString, ReplacesPlaceholders)
 TEST(ParseCustomDateRange, ReadsBothDates)
 {
     const QDate today = QDate::currentDate(), jan5(2024, 1, 5), feb5(2024, 2, 5);
-    const std::tuple<const char *, QString, QDate, QDate> cases[] = { // name, text, start, end
+    const std::tuple<const char *, QString, QDate, QDate> cases[] = {
+        // name, text, start, end
         {"AsWritten", "Custom Date Range : 1/5/2024 to 2/5/2024", jan5, feb5},
         {"LowerCase", "custom date range : 1/5/2024 to 2/5/2024", jan5, feb5},
         {"NoBlankBeforeColon", "Custom Date Range: 1/5/2024 to 2/5/2024", jan5, feb5},

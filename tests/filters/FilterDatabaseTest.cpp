@@ -15,8 +15,8 @@
 namespace bravcpl5 {
 namespace {
 
-using test::DatabaseHost;
 using test::captions;
+using test::DatabaseHost;
 
 // The sample host's BRAVSQL, counting PreTerminate.
 class CountingBravSql : public HostBravSql
@@ -35,7 +35,9 @@ struct ListCase {
 
 void PrintTo(const ListCase &c, std::ostream *os) { *os << c.type; }
 
-class DatabaseListTest : public ::testing::TestWithParam<ListCase> {};
+class DatabaseListTest : public ::testing::TestWithParam<ListCase>
+{
+};
 
 TEST_P(DatabaseListTest, AllRowsInTheDatabasesOrder)
 {
@@ -44,7 +46,8 @@ TEST_P(DatabaseListTest, AllRowsInTheDatabasesOrder)
     host.setBravSql(&counting);
     const QStringList expected = host.column(QString::fromLatin1(GetParam().query));
     ASSERT_GE(expected.size(), 10);
-    const QList<FilterChoice> choices = FillFilterChoices(&host, ParseFilterType(GetParam().type), 0);
+    const QList<FilterChoice> choices = FillFilterChoices(&host, ParseFilterType(GetParam().type),
+                                                          0);
     EXPECT_EQ(captions(choices), expected);
     for (const FilterChoice &choice : choices)
         EXPECT_EQ(choice.data, 0);
@@ -67,8 +70,10 @@ TEST(DatabaseLists, AllVendorsOnlyWithAllowAllOne)
     EXPECT_EQ(captions(FillFilterChoices(&host, ParseFilterType("vendor"), 1)),
               QStringList{"(All Vendors)"} + vendors);
     for (int allowAll : {0, 2, -1})
-        EXPECT_EQ(captions(FillFilterChoices(&host, ParseFilterType("vendor"), allowAll)), vendors) << allowAll;
-    EXPECT_FALSE(captions(FillFilterChoices(&host, ParseFilterType("manufacturer"), 1)).contains("(All Vendors)"));
+        EXPECT_EQ(captions(FillFilterChoices(&host, ParseFilterType("vendor"), allowAll)), vendors)
+            << allowAll;
+    EXPECT_FALSE(captions(FillFilterChoices(&host, ParseFilterType("manufacturer"), 1))
+                     .contains("(All Vendors)"));
 }
 
 TEST(DatabaseLists, HostWithoutDatabaseGivesEmptyLists)
@@ -77,11 +82,14 @@ TEST(DatabaseLists, HostWithoutDatabaseGivesEmptyLists)
     host.setBravSql(nullptr);
     for (const char *type : {"manufacturer", "producttype", "product", "vendor"})
         EXPECT_TRUE(FillFilterChoices(&host, ParseFilterType(type), 0).isEmpty()) << type;
-    EXPECT_EQ(captions(FillFilterChoices(&host, ParseFilterType("vendor"), 1)), QStringList{"(All Vendors)"});
-    EXPECT_EQ(captions(FillFilterChoices(nullptr, ParseFilterType("vendor"), 1)), QStringList{"(All Vendors)"});
+    EXPECT_EQ(captions(FillFilterChoices(&host, ParseFilterType("vendor"), 1)),
+              QStringList{"(All Vendors)"});
+    EXPECT_EQ(captions(FillFilterChoices(nullptr, ParseFilterType("vendor"), 1)),
+              QStringList{"(All Vendors)"});
     host.setCommon(nullptr);
     EXPECT_EQ(ResolveFilterValue(&host, "[1stvendor]"), QStringLiteral("[1stvendor]"));
-    EXPECT_EQ(ResolveFilterValue(&host, "[companybilltostate]"), QStringLiteral("[companybilltostate]"));
+    EXPECT_EQ(ResolveFilterValue(&host, "[companybilltostate]"),
+              QStringLiteral("[companybilltostate]"));
 }
 
 TEST(DatabaseLists, FailingQueryStillEndsWithPreTerminate)
@@ -103,7 +111,9 @@ struct TokenCase {
 
 void PrintTo(const TokenCase &c, std::ostream *os) { *os << c.name; }
 
-class ResolveFilterValueTest : public ::testing::TestWithParam<TokenCase> {};
+class ResolveFilterValueTest : public ::testing::TestWithParam<TokenCase>
+{
+};
 
 TEST_P(ResolveFilterValueTest, AgainstTheSampleDatabase)
 {
@@ -128,7 +138,8 @@ INSTANTIATE_TEST_SUITE_P(
         TokenCase{"UnknownToken", "", "[1stproduct]", "[1stproduct]"},
         TokenCase{"PlainValue", "", "Hale & Sons Blinds", "Hale & Sons Blinds"},
         TokenCase{"FailingQueryKeepsTheToken", "DROP TABLE Vendors", "[1STVENDOR]", "[1STVENDOR]"},
-        TokenCase{"NullAnswerIsEmpty", "UPDATE Company SET BillToZip = NULL", "[companybilltozip]", ""},
+        TokenCase{"NullAnswerIsEmpty", "UPDATE Company SET BillToZip = NULL", "[companybilltozip]",
+                  ""},
         TokenCase{"NoRowIsEmpty", "DELETE FROM Manufacturers", "[1stmanufacturer]", ""}),
     [](const auto &info) { return std::string(info.param.name); });
 
@@ -150,7 +161,8 @@ TEST(HostDatabase, TopBecomesLimit)
 TEST(HostDatabase, GetRecordValue2ReadsOneField)
 {
     DatabaseHost host;
-    const std::tuple<QString, QString, QVariant> cases[] = { // record, field, value (invalid: fails)
+    const std::tuple<QString, QString, QVariant> cases[] = {
+        // record, field, value (invalid: fails)
         {"<Record><A>x > y</A></Record>", "A", "x > y"},
         {"<Record><A>1 &amp; 2 &lt;3&#13;</A></Record>", "A", "1 & 2 <3\r"},
         {"<Record><A></A></Record>", "A", ""},
@@ -184,7 +196,9 @@ TEST(HostDatabase, ExecuteReadRowsReadBackThroughGetRecordValue2)
     EXPECT_EQ(host.hostBravSql()->GetRecordValue2(recordText, "VendorName"), QVariant("A <&> B"));
     EXPECT_EQ(host.hostBravSql()->GetRecordValue2(recordText, "City"), QVariant("Line\r\nTwo"));
     // A field the query does not give is a failure, not an empty value.
-    EXPECT_FALSE(HostCommon(*host.database()).ExecuteSelectField("SELECT BillToCity FROM Company", "BillToZip").isValid());
+    EXPECT_FALSE(HostCommon(*host.database())
+                     .ExecuteSelectField("SELECT BillToCity FROM Company", "BillToZip")
+                     .isValid());
 }
 
 TEST(HostDatabase, EmptyDatabaseHasTheTablesButNoRows)

@@ -13,8 +13,8 @@
 namespace bravcpl5 {
 namespace {
 
-using test::DatabaseHost;
 using test::captions;
+using test::DatabaseHost;
 
 const QByteArray salesReport = R"(<?xml version="1.0"?>
 <!-- Sales by vendor: written by the host -->
@@ -56,7 +56,8 @@ QStringList valuesOf(const QString &path)
 {
     const XmlDocumentPtr document = LoadXmlFile(path);
     QStringList values;
-    for (pugi::xpath_node node : document ? document->select_nodes("//Filters/*") : pugi::xpath_node_set())
+    for (pugi::xpath_node node :
+         document ? document->select_nodes("//Filters/*") : pugi::xpath_node_set())
         values << GetXmlAttribute(node.node(), QStringLiteral("value"), QStringLiteral("(none)"));
     return values;
 }
@@ -69,14 +70,17 @@ TEST(LoadFilterRows, RowsInDocumentOrder)
     QStringList rows; // identifier|caption|type|value|shown|allowall|description
     for (const FilterRow &r : LoadFilterRows(&host, *document))
         rows << QStringList({r.identifier, r.caption, r.typeName, r.value, r.valueCaption,
-                             QString::number(r.allowAll), r.description}).join(u'|');
-    EXPECT_EQ(rows, QStringList({"Dates|Order Dates|daterange|Last Week|Last Week|0|Orders placed in the range",
-                                 "Active|Active|boolean|0|No|0|asdf",
-                                 "Source|Product Source|productsource|2|Fabricate|0|",
-                                 "Vendor|Vendor|vendor|Acme Window Supply|Acme Window Supply|1|",
-                                 "State|State||ID|ID|0|",
-                                 "Note|Note||Vendor [1stvendor]|Vendor [1stvendor]|0|", // "yes" is not a number
-                                 "Plain|No value yet|text|||0|"}));
+                             QString::number(r.allowAll), r.description})
+                    .join(u'|');
+    EXPECT_EQ(
+        rows,
+        QStringList({"Dates|Order Dates|daterange|Last Week|Last Week|0|Orders placed in the range",
+                     "Active|Active|boolean|0|No|0|asdf",
+                     "Source|Product Source|productsource|2|Fabricate|0|",
+                     "Vendor|Vendor|vendor|Acme Window Supply|Acme Window Supply|1|",
+                     "State|State||ID|ID|0|",
+                     "Note|Note||Vendor [1stvendor]|Vendor [1stvendor]|0|", // "yes" is not a number
+                     "Plain|No value yet|text|||0|"}));
 }
 
 TEST(LoadFilterRows, FirstFiltersElementAnywhere)
@@ -166,7 +170,8 @@ TEST(SaveFilterValues, FiltersSharingANameTakeTheLastRowsValue)
 TEST(SaveFilterValues, FailedSaveLeavesNoFile)
 {
     test::TestHost host;
-    const XmlDocumentPtr document = LoadXmlText("<Report><Filters><A value='1'/></Filters></Report>");
+    const XmlDocumentPtr document = LoadXmlText(
+        "<Report><Filters><A value='1'/></Filters></Report>");
     const QString file = host.root() + QStringLiteral("/missing/Report.xml");
     EXPECT_FALSE(SaveFilterValues(*document, LoadFilterRows(&host, *document), file));
     EXPECT_FALSE(QFile::exists(file));
@@ -177,8 +182,8 @@ TEST(SaveFilterValues, FailedSaveLeavesNoFile)
 TEST(SampleReports, EveryTypeAndTokenResolves)
 {
     DatabaseHost host;
-    const QDir reports(QDir::cleanPath(QStringLiteral(
-        BRAVCPL5_TEST_DATA "/../../apps/sample-host/sample-data/System/Reports")));
+    const QDir reports(QDir::cleanPath(
+        QStringLiteral(BRAVCPL5_TEST_DATA "/../../apps/sample-host/sample-data/System/Reports")));
     const QStringList files = reports.entryList({QStringLiteral("*.xml")}, QDir::Files);
     ASSERT_GE(files.size(), 3);
     QSet<QString> types;
@@ -186,7 +191,8 @@ TEST(SampleReports, EveryTypeAndTokenResolves)
         SCOPED_TRACE(name.toStdString());
         const XmlDocumentPtr document = LoadXmlFile(reports.filePath(name));
         ASSERT_TRUE(document);
-        const pugi::xml_node fields = SelectSingleNode(*document, QStringLiteral("//Fields")).node();
+        const pugi::xml_node fields =
+            SelectSingleNode(*document, QStringLiteral("//Fields")).node();
         EXPECT_EQ(std::distance(fields.children().begin(), fields.children().end()), 12);
         for (const FilterRow &row : LoadFilterRows(&host, *document)) {
             types.insert(row.typeName);

@@ -22,17 +22,25 @@ const QString custom = QString::fromLatin1(customText);
 TEST(ApplyFilterValue, SetsValueAndCaptionByType)
 {
     const QString lowerCase = QStringLiteral("custom date range : 01/05/2024 to 2/5/2024");
-    const std::tuple<QString, QString, QString> cases[] = { // type, stored, "value|caption"
-        {"boolean", "No", "0|No"}, {"boolean", "FALSE", "0|No"}, {"boolean", "0", "0|No"},
-        {"boolean", "yes", "1|Yes"}, {"boolean", "1", "1|Yes"}, {"boolean", "", "1|Yes"},
+    const std::tuple<QString, QString, QString> cases[] = {
+        // type, stored, "value|caption"
+        {"boolean", "No", "0|No"},
+        {"boolean", "FALSE", "0|No"},
+        {"boolean", "0", "0|No"},
+        {"boolean", "yes", "1|Yes"},
+        {"boolean", "1", "1|Yes"},
+        {"boolean", "", "1|Yes"},
         {"boolean", "off", "1|Yes"},
-        {"productsource", "None", "0|None"}, {"productsource", "fabricate", "2|Fabricate"},
-        {"productsource", "STOCK", "3|Stock"}, {"productsource", "Other", "4|Other"},
+        {"productsource", "None", "0|None"},
+        {"productsource", "fabricate", "2|Fabricate"},
+        {"productsource", "STOCK", "3|Stock"},
+        {"productsource", "Other", "4|Other"},
         {"productsource", "2", "1|Purchase"}, // a stored code is no source name
         {"productsource", "", "1|Purchase"},
         {"daterange", "Last Week", "Last Week|Last Week"},
         {"daterange", "Past 45 days", "Past 45 days|Past 45 days"}, // unlisted, as it stands
-        {"daterange", "Custom Date Range:01/05/2024 to 02/05/2024", custom + u'|' + custom}, // rebuilt
+        {"daterange", "Custom Date Range:01/05/2024 to 02/05/2024",
+         custom + u'|' + custom},                               // rebuilt
         {"daterange", lowerCase, lowerCase + u'|' + lowerCase}, // not a custom range
         {"vendor", "(All Vendors)", "(All Vendors)|(All Vendors)"},
         {"", "Boise", "Boise|Boise"},
@@ -42,7 +50,8 @@ TEST(ApplyFilterValue, SetsValueAndCaptionByType)
         FilterRow row;
         row.type = ParseFilterType(type);
         ApplyFilterValue(row, stored);
-        EXPECT_EQ(row.value + u'|' + row.valueCaption, shown) << type.toStdString() << ": " << stored.toStdString();
+        EXPECT_EQ(row.value + u'|' + row.valueCaption, shown)
+            << type.toStdString() << ": " << stored.toStdString();
     }
 }
 
@@ -76,7 +85,7 @@ TEST(FillFilterChoices, FixedLists)
 
 struct EditorCase {
     const char *name;
-    const char *held;  // applied first, then `chosen` is changed to; null: `chosen` is applied
+    const char *held; // applied first, then `chosen` is changed to; null: `chosen` is applied
     QString chosen;
     bool confirm;
     QDate editorStart; // the dates the editor is opened with; invalid: today
@@ -85,7 +94,9 @@ struct EditorCase {
 
 void PrintTo(const EditorCase &c, std::ostream *os) { *os << c.name; }
 
-class DateRangeEditorTest : public ::testing::TestWithParam<EditorCase> {};
+class DateRangeEditorTest : public ::testing::TestWithParam<EditorCase>
+{
+};
 
 TEST_P(DateRangeEditorTest, OnlyCustomRangesOpenItWithTheirDatesOrToday)
 {
@@ -122,11 +133,20 @@ INSTANTIATE_TEST_SUITE_P(
                    "Custom Date Range : 6/30/2025 to 6/30/2025"},
         EditorCase{"AppliedCustomCancelledKeepsDates", nullptr, custom, false, jan5, custom},
         EditorCase{"AppliedNamedAsksNothing", nullptr, "Today", true, {}, "Today"},
-        EditorCase{"NamedToCustomCancelled", "Last Week", "Custom Date Range", false, {},
+        EditorCase{"NamedToCustomCancelled",
+                   "Last Week",
+                   "Custom Date Range",
+                   false,
+                   {},
                    "Custom Date Range : today to today"},
-        EditorCase{"NamedToCustomConfirmed", "Last Week", "Custom Date Range", true, {},
+        EditorCase{"NamedToCustomConfirmed",
+                   "Last Week",
+                   "Custom Date Range",
+                   true,
+                   {},
                    "Custom Date Range : 6/30/2025 to 6/30/2025"},
-        EditorCase{"CustomChosenAgainKeepsDates", customText, "Custom Date Range", false, jan5, custom},
+        EditorCase{"CustomChosenAgainKeepsDates", customText, "Custom Date Range", false, jan5,
+                   custom},
         EditorCase{"CustomToNamed", customText, "Past 30 days", true, {}, "Past 30 days"}),
     [](const auto &info) { return std::string(info.param.name); });
 

@@ -26,7 +26,10 @@ struct RangeForm {
         test::Settle();
     }
     QLineEdit *field(const char *name) { return form.findChild<QLineEdit *>(QLatin1String(name)); }
-    QPushButton *button(const char *name) { return form.findChild<QPushButton *>(QLatin1String(name)); }
+    QPushButton *button(const char *name)
+    {
+        return form.findChild<QPushButton *>(QLatin1String(name));
+    }
     // Types digits into a masked date field the way a user does: select all, then type.
     void type(const char *name, const QString &digits)
     {
@@ -55,7 +58,8 @@ TEST(CustomDateRange, ShowsTheGivenDatesInTheMaskedFields)
 TEST(CustomDateRange, OkAcceptsOrRefusesWithTheFocusOnTheFieldToMend)
 {
     const QString badStart = QStringLiteral("You must enter a valid start date.");
-    const QString endFirst = QStringLiteral("The end date must be the same or later than the start date.");
+    const QString endFirst = QStringLiteral(
+        "The end date must be the same or later than the start date.");
     const std::tuple<const char *, QString, QString, QString, const char *> cases[] = {
         // name, digits typed into start and end, the message (none: accepted), focus
         {"EqualDates", "05012024", "05012024", {}, nullptr},
@@ -92,15 +96,20 @@ TEST(CustomDateRange, TheCalendarPutsTheConfirmedDateInTheField)
 {
     const QString today = QDate::currentDate().toString(QStringLiteral("MM/dd/yyyy"));
     const std::tuple<const char *, std::function<void(DropDownCalendar *)>, QString> cases[] = {
-        {"NoneGivesToday", [](DropDownCalendar *popup) { popup->findChild<QPushButton *>("cmdNone")->click(); }, today},
-        {"TodayButton", [](DropDownCalendar *popup) { popup->findChild<QPushButton *>("cmdToday")->click(); }, today},
+        {"NoneGivesToday",
+         [](DropDownCalendar *popup) { popup->findChild<QPushButton *>("cmdNone")->click(); },
+         today},
+        {"TodayButton",
+         [](DropDownCalendar *popup) { popup->findChild<QPushButton *>("cmdToday")->click(); },
+         today},
         {"PickedDay",
          [](DropDownCalendar *popup) {
              popup->calendar()->setSelectedDate(QDate(2024, 3, 15));
              QTest::keyClick(popup->calendar()->focusWidget(), Qt::Key_Return);
          },
          "03/15/2024"},
-        {"EscapeChangesNothing", [](DropDownCalendar *popup) { QTest::keyClick(popup, Qt::Key_Escape); }, "03/01/2024"},
+        {"EscapeChangesNothing",
+         [](DropDownCalendar *popup) { QTest::keyClick(popup, Qt::Key_Escape); }, "03/01/2024"},
         {"Screenshot", [](DropDownCalendar *popup) { popup->hide(); }, "03/01/2024"}};
     for (const auto &testCase : cases) {
         // Named, not bound, so that the lambda below may use them.
@@ -148,7 +157,8 @@ TEST(CustomDateRange, ClosingLeavesCancelledAsTheWayOfClosingSays)
     const std::tuple<const char *, std::function<void(RangeForm &)>, bool> cases[] = {
         {"CloseBox", [](RangeForm &r) { r.form.close(); }, false},
         {"CancelButton", [](RangeForm &r) { r.button("cmdCancel")->click(); }, true},
-        {"Escape", [](RangeForm &r) { QTest::keyClick(r.field("txtStartDate"), Qt::Key_Escape); }, true}};
+        {"Escape", [](RangeForm &r) { QTest::keyClick(r.field("txtStartDate"), Qt::Key_Escape); },
+         true}};
     for (const auto &[name, close, cancelled] : cases) {
         SCOPED_TRACE(name);
         RangeForm range;

@@ -21,9 +21,10 @@ const QString vendor = QStringLiteral("Müller & Söhne");
 
 QString configuration(const QString &declaration)
 {
-    return declaration + QStringLiteral("<Report><Fields><Width label=\"%1\" width=\"2\"/></Fields>"
-                                        "<Filters><Vendor label=\"%1\" value=\"%2\"/></Filters></Report>")
-                             .arg(label, QStringLiteral("Müller &amp; Söhne"));
+    return declaration
+           + QStringLiteral("<Report><Fields><Width label=\"%1\" width=\"2\"/></Fields>"
+                            "<Filters><Vendor label=\"%1\" value=\"%2\"/></Filters></Report>")
+                 .arg(label, QStringLiteral("Müller &amp; Söhne"));
 }
 
 struct Case {
@@ -53,7 +54,8 @@ protected:
     {
         std::pair<QString, QString> row;
         test::WhenModal(QString::fromLatin1(dialog.name), [&](QWidget *form) {
-            const QTreeWidgetItem *item = form->findChild<QTreeWidget *>("rptItems")->topLevelItem(0);
+            const QTreeWidgetItem *item =
+                form->findChild<QTreeWidget *>("rptItems")->topLevelItem(0);
             if (item)
                 row = {item->text(0), item->text(dialog.valueColumn)};
             form->findChild<QPushButton *>(QStringLiteral("cmdOK"))->click();
@@ -69,8 +71,8 @@ protected:
 TEST_P(DeclaredEncoding, OkSavesWhatReadsBackTheSame)
 {
     const Case c = GetParam();
-    const QStringEncoder::Flags flags =
-        c.byteOrderMark ? QStringConverter::Flag::WriteBom : QStringConverter::Flag::Default;
+    const QStringEncoder::Flags flags = c.byteOrderMark ? QStringConverter::Flag::WriteBom
+                                                        : QStringConverter::Flag::Default;
     QStringEncoder encoder(c.encoding, flags);
     const QByteArray bytes = encoder.encode(configuration(QString::fromLatin1(c.declaration)));
 
@@ -87,20 +89,30 @@ TEST_P(DeclaredEncoding, OkSavesWhatReadsBackTheSame)
             EXPECT_EQ(caption.toStdString(), label.toStdString());
             EXPECT_EQ(value.toStdString(), dialog.shownValue.toStdString());
         }
-        EXPECT_FALSE(test::readFile(file).contains("encoding")) << test::readFile(file).toStdString();
+        EXPECT_FALSE(test::readFile(file).contains("encoding"))
+            << test::readFile(file).toStdString();
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Table, DeclaredEncoding, ::testing::Values(
-    Case{"Latin1Declared", QStringConverter::Latin1, false, "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\n"},
-    Case{"Latin1DeclaredInCapitals", QStringConverter::Latin1, false, "<?xml version='1.0' encoding='LATIN1'?>"},
-    // What the parser's encoding guess also takes for an ISO-8859-1 declaration.
-    Case{"Latin1DeclaredAfterAStrayByte", QStringConverter::Latin1, false, "<?xml version=\"1.0\" \xff" "encoding=\"ISO-8859-1\"?>"},
-    Case{"Latin1HiddenInTheVersion", QStringConverter::Latin1, false, "<?xml version=\"encoding='latin1'\"?>"},
-    Case{"Utf16LittleEndianDeclared", QStringConverter::Utf16LE, true, "<?xml version=\"1.0\" encoding=\"UTF-16\"?>"},
-    Case{"Utf16BigEndian", QStringConverter::Utf16BE, true, ""},
-    Case{"Utf8WithMarkDeclared", QStringConverter::Utf8, true, "<?xml version=\"1.0\" encoding=\"utf-8\"?>"},
-    Case{"Utf8Plain", QStringConverter::Utf8, false, "<?xml version=\"1.0\" standalone=\"yes\"?>"}),
+INSTANTIATE_TEST_SUITE_P(
+    Table, DeclaredEncoding,
+    ::testing::Values(Case{"Latin1Declared", QStringConverter::Latin1, false,
+                           "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\n"},
+                      Case{"Latin1DeclaredInCapitals", QStringConverter::Latin1, false,
+                           "<?xml version='1.0' encoding='LATIN1'?>"},
+                      // What the parser's encoding guess also takes for an ISO-8859-1 declaration.
+                      Case{"Latin1DeclaredAfterAStrayByte", QStringConverter::Latin1, false,
+                           "<?xml version=\"1.0\" \xff"
+                           "encoding=\"ISO-8859-1\"?>"},
+                      Case{"Latin1HiddenInTheVersion", QStringConverter::Latin1, false,
+                           "<?xml version=\"encoding='latin1'\"?>"},
+                      Case{"Utf16LittleEndianDeclared", QStringConverter::Utf16LE, true,
+                           "<?xml version=\"1.0\" encoding=\"UTF-16\"?>"},
+                      Case{"Utf16BigEndian", QStringConverter::Utf16BE, true, ""},
+                      Case{"Utf8WithMarkDeclared", QStringConverter::Utf8, true,
+                           "<?xml version=\"1.0\" encoding=\"utf-8\"?>"},
+                      Case{"Utf8Plain", QStringConverter::Utf8, false,
+                           "<?xml version=\"1.0\" standalone=\"yes\"?>"}),
     [](const auto &info) { return std::string(info.param.name); });
 
 } // namespace

@@ -18,7 +18,8 @@ QByteArray configurationOfSize(qint64 size)
 {
     QByteArray xml = "<?xml version=\"1.0\"?>\n<Report>\n  <Title>Orders</Title>\n  <Fields>\n";
     for (int i = 0; xml.size() < size - 24; ++i)
-        xml += "    <Field" + QByteArray::number(i) + " label=\"Field " + QByteArray::number(i) + "\" width=\"1\"/>\n";
+        xml += "    <Field" + QByteArray::number(i) + " label=\"Field " + QByteArray::number(i)
+               + "\" width=\"1\"/>\n";
     return xml + "  </Fields>\n</Report>\n";
 }
 
@@ -50,12 +51,13 @@ TEST_P(FullDiskDialog, FieldsOkKeepsTheOldFileWhole)
     library.PreTerminate();
 }
 
-INSTANTIATE_TEST_SUITE_P(Table, FullDiskDialog, ::testing::Values(
-    FullDiskCase{"ThreeKiB_NoRoom", 3 * 1024, 0, false},
-    FullDiskCase{"TenKiB_NoRoom", 10 * 1024, 0, false},
-    FullDiskCase{"TenKiB_SomeRoom", 10 * 1024, 4096, false},
-    FullDiskCase{"ThreeKiB_RoomEnough", 3 * 1024, 32 * 1024, true}),
-    test::FullDiskCaseName);
+INSTANTIATE_TEST_SUITE_P(Table, FullDiskDialog,
+                         ::testing::Values(FullDiskCase{"ThreeKiB_NoRoom", 3 * 1024, 0, false},
+                                           FullDiskCase{"TenKiB_NoRoom", 10 * 1024, 0, false},
+                                           FullDiskCase{"TenKiB_SomeRoom", 10 * 1024, 4096, false},
+                                           FullDiskCase{"ThreeKiB_RoomEnough", 3 * 1024, 32 * 1024,
+                                                        true}),
+                         test::FullDiskCaseName);
 
 } // namespace
 } // namespace bravcpl5

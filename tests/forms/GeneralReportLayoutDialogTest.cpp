@@ -41,14 +41,18 @@ struct LayoutDialog : ::testing::Test {
     {
         library.Initialize(&host);
         layout = library.reportLayout();
-        systemFile = host.writeSystemFile(QStringLiteral("General Report Layout.lyx"), systemLayout);
+        systemFile = host.writeSystemFile(QStringLiteral("General Report Layout.lyx"),
+                                          systemLayout);
         host.writeSystemFile(QStringLiteral("Letter.pcx"), "<PrinterConfiguration/>");
     }
     ~LayoutDialog() override { library.PreTerminate(); }
 
     // Runs `action` in the dialog, then leaves it the way `close` says.
-    bool run(const QString &layoutFile, std::function<void(QWidget *)> action,
-             std::function<void(QWidget *)> close = [](QWidget *d) { child<QPushButton>(d, "cmdOK")->click(); })
+    bool run(
+        const QString &layoutFile, std::function<void(QWidget *)> action,
+        std::function<void(QWidget *)> close = [](QWidget *d) {
+            child<QPushButton>(d, "cmdOK")->click();
+        })
     {
         test::WhenModal(QStringLiteral("frmGeneralReportLayout"), [&](QWidget *dialog) {
             action(dialog);
@@ -59,7 +63,8 @@ struct LayoutDialog : ::testing::Test {
     QString attribute(const QString &file, const QString &xpath) const
     {
         const XmlDocumentPtr document = LoadXmlFile(file);
-        return document ? NodeText(SelectSingleNode(*document, xpath)) : QStringLiteral("<no file>");
+        return document ? NodeText(SelectSingleNode(*document, xpath))
+                        : QStringLiteral("<no file>");
     }
 
     test::TestHost host;
@@ -118,8 +123,9 @@ TEST_F(LayoutDialog, OddValuesSurviveAndOkWritesEveryItemInOrder)
     for (pugi::xml_node section : saved->document_element().children())
         for (pugi::xml_node item : section.children())
             elements << QString::fromUtf8(item.name());
-    EXPECT_EQ(elements, QStringList({"PrinterConfiguration", "Company", "Title", "Description", "SubTitle",
-                                     "PrintDate", "PrintTime", "ExtraLine", "PageNumber"}));
+    EXPECT_EQ(elements,
+              QStringList({"PrinterConfiguration", "Company", "Title", "Description", "SubTitle",
+                           "PrintDate", "PrintTime", "ExtraLine", "PageNumber"}));
     EXPECT_EQ(attribute(own, "//ExtraLine/@alignment"), "0");
     EXPECT_EQ(attribute(own, "//Company/@show"), "0");
     EXPECT_EQ(attribute(own, "//Company/@label"), "Acme Blinds");
@@ -131,7 +137,9 @@ TEST_F(LayoutDialog, CancelWritesNothingAndTheCloseBoxReadsAsConfirmed)
 {
     const QByteArray before = test::readFile(systemFile);
     for (const auto &[way, close] : test::WaysToCancel(QStringLiteral("txtCompany"))) {
-        const bool result = run(QString(), [](QWidget *d) { child<QLineEdit>(d, "txtCompany")->setText("Changed"); }, close);
+        const bool result = run(
+            QString(), [](QWidget *d) { child<QLineEdit>(d, "txtCompany")->setText("Changed"); },
+            close);
         EXPECT_EQ(result, std::string(way) == "CloseBox") << way;
         EXPECT_EQ(test::readFile(systemFile), before) << way;
     }
@@ -139,18 +147,21 @@ TEST_F(LayoutDialog, CancelWritesNothingAndTheCloseBoxReadsAsConfirmed)
 
 TEST_F(LayoutDialog, ThePreviewFollowsTheControls)
 {
-    run(QString(), [&](QWidget *d) {
-        auto *preview = child<FurniturePreview>(d, "picFurniture");
-        child<QComboBox>(d, "cboPageNumberFormat")->setCurrentText("Page nnn of mmm");
-        child<QComboBox>(d, "cboPageNumberAlignment")->setCurrentIndex(1);
-        ASSERT_FALSE(preview->footerLines().isEmpty());
-        EXPECT_EQ(preview->footerLines().last().text, "Page 1 of 3");
-        EXPECT_EQ(preview->footerLines().last().alignment, 1);
-        EXPECT_EQ(preview->headerLines().first().text, "Acme Blinds");
-        child<QCheckBox>(d, "chkCompany")->click();
-        EXPECT_NE(preview->headerLines().first().text, "Acme Blinds");
-        test::SaveScreenshot(d, QStringLiteral("frmGeneralReportLayout"));
-    }, [](QWidget *d) { child<QPushButton>(d, "cmdCancel")->click(); });
+    run(
+        QString(),
+        [&](QWidget *d) {
+            auto *preview = child<FurniturePreview>(d, "picFurniture");
+            child<QComboBox>(d, "cboPageNumberFormat")->setCurrentText("Page nnn of mmm");
+            child<QComboBox>(d, "cboPageNumberAlignment")->setCurrentIndex(1);
+            ASSERT_FALSE(preview->footerLines().isEmpty());
+            EXPECT_EQ(preview->footerLines().last().text, "Page 1 of 3");
+            EXPECT_EQ(preview->footerLines().last().alignment, 1);
+            EXPECT_EQ(preview->headerLines().first().text, "Acme Blinds");
+            child<QCheckBox>(d, "chkCompany")->click();
+            EXPECT_NE(preview->headerLines().first().text, "Acme Blinds");
+            test::SaveScreenshot(d, QStringLiteral("frmGeneralReportLayout"));
+        },
+        [](QWidget *d) { child<QPushButton>(d, "cmdCancel")->click(); });
 }
 
 TEST_F(LayoutDialog, ManageRefillsTheConfigurationsKeepingTheChoice)
@@ -158,11 +169,13 @@ TEST_F(LayoutDialog, ManageRefillsTheConfigurationsKeepingTheChoice)
     const QString own = host.writeSystemFile(QStringLiteral("Own.lyx"), systemLayout);
     run(own, [&](QWidget *d) {
         // A configuration added while the printer configurations dialog is open.
-        test::WhenModal(QStringLiteral("frmPrinterConfigurations"), [&](QWidget *configurationsDialog) {
-            host.writeSystemFile(QStringLiteral("Added.pcx"), "<PrinterConfiguration/>");
-            configurationsDialog->close();
-        });
-        emit child<QLabel>(d, "lblManagePrinterConfigurations")->linkActivated(QStringLiteral("manage"));
+        test::WhenModal(
+            QStringLiteral("frmPrinterConfigurations"), [&](QWidget *configurationsDialog) {
+                host.writeSystemFile(QStringLiteral("Added.pcx"), "<PrinterConfiguration/>");
+                configurationsDialog->close();
+            });
+        emit child<QLabel>(d, "lblManagePrinterConfigurations")
+            ->linkActivated(QStringLiteral("manage"));
         auto *configurations = child<QComboBox>(d, "cboCustomPrinterConfiguration");
         EXPECT_GE(configurations->findText("Added"), 0);
         EXPECT_EQ(configurations->currentText(), "Retired Labels");

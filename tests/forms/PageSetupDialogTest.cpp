@@ -41,7 +41,8 @@ QStringList entries(const QListWidget *list)
 {
     QStringList texts;
     for (int row = 0; row < list->count(); ++row)
-        texts << list->item(row)->text() + QLatin1Char(' ') + list->item(row)->data(Qt::UserRole).toString();
+        texts << list->item(row)->text() + QLatin1Char(' ')
+                     + list->item(row)->data(Qt::UserRole).toString();
     return texts;
 }
 
@@ -72,7 +73,8 @@ protected:
     {
         return host.writeUserFile(QStringLiteral("Invoice.pcx"), configurationXml(pageSetup));
     }
-    bool run(const QString &printer, std::function<void(QWidget *)> action, std::function<void(QWidget *)> close = clickOk)
+    bool run(const QString &printer, std::function<void(QWidget *)> action,
+             std::function<void(QWidget *)> close = clickOk)
     {
         WhenModal(QStringLiteral("frmPageSetup"), [&](QWidget *dialog) {
             action(dialog);
@@ -87,8 +89,10 @@ protected:
         const XmlDocumentPtr xml = LoadXmlFile(path);
         if (!xml)
             return {QStringLiteral("<no file>")};
-        for (pugi::xml_node element : SelectSingleNode(*xml, QStringLiteral("//PageSetup")).node().children())
-            texts << QString::fromUtf8(element.name()) + QLatin1Char('=') + QString::fromUtf8(element.text().get());
+        for (pugi::xml_node element :
+             SelectSingleNode(*xml, QStringLiteral("//PageSetup")).node().children())
+            texts << QString::fromUtf8(element.name()) + QLatin1Char('=')
+                         + QString::fromUtf8(element.text().get());
         return texts;
     }
 
@@ -114,7 +118,8 @@ TEST_F(SandboxPageSetupDialog, AGivenPrinterIsFoundInAnyCaseWithItsOwnSizesAndBi
         EXPECT_EQ(entries(child<QComboBox>(d, "cboPaperSize")),
                   QStringList({"Shipping Label 4 x 6 in 256", "Address Label 2.25 x 1.25 in 257",
                                "Barcode Label 3 x 1 in 258"}));
-        EXPECT_EQ(entries(child<QListWidget>(d, "lstPaperSource")), QStringList({"Front Roll 256", "Rear Roll 257"}));
+        EXPECT_EQ(entries(child<QListWidget>(d, "lstPaperSource")),
+                  QStringList({"Front Roll 256", "Rear Roll 257"}));
         // The default paper is the printer's own, a custom size: its fields are editable.
         EXPECT_EQ(child<QComboBox>(d, "cboPaperSize")->currentData().toInt(), 256);
         EXPECT_TRUE(child<QLineEdit>(d, "txtPaperWidth")->isEnabled());
@@ -134,13 +139,15 @@ TEST_F(SandboxPageSetupDialog, AnUnknownPrinterIsNamedAndTheDefaultPrinterUsed)
     configure();
     run(QStringLiteral("Plotter"), [&](QWidget *d) {
         EXPECT_EQ(entries(child<QComboBox>(d, "cboPaperSize")),
-                  QStringList({"Letter 1", "Legal 5", "A4 9", "Executive 7", "Envelope #10 20", "Custom 256"}));
+                  QStringList({"Letter 1", "Legal 5", "A4 9", "Executive 7", "Envelope #10 20",
+                               "Custom 256"}));
         EXPECT_EQ(entries(child<QListWidget>(d, "lstPaperSource")),
                   QStringList({"Upper Tray 1", "Lower Tray 2", "Manual Feed 4", "Envelope Feeder 5",
                                "Automatically Select 7"}));
     });
     ASSERT_EQ(messages.messages().size(), 1);
-    EXPECT_EQ(messages.messages()[0].text, "The printer 'Plotter' is invalid. The default printer will be used.");
+    EXPECT_EQ(messages.messages()[0].text,
+              "The printer 'Plotter' is invalid. The default printer will be used.");
     EXPECT_EQ(messages.messages()[0].icon, QMessageBox::Warning);
 }
 
@@ -193,8 +200,8 @@ TEST_F(SandboxPageSetupDialog, SpinnersKeysAndTheWheelStepTheirField)
         QTest::keyClick(child<QLineEdit>(d, "txtBottomMargin"), Qt::Key_Down);
         EXPECT_EQ(child<QLineEdit>(d, "txtBottomMargin")->text(), "0.6");
         auto *right = child<QLineEdit>(d, "txtRightMargin");
-        QWheelEvent wheel(QPointF(5, 5), right->mapToGlobal(QPointF(5, 5)), QPoint(), QPoint(0, 120), Qt::NoButton,
-                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        QWheelEvent wheel(QPointF(5, 5), right->mapToGlobal(QPointF(5, 5)), QPoint(),
+                          QPoint(0, 120), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
         QApplication::sendEvent(right, &wheel);
         EXPECT_EQ(right->text(), "1.1");
     });
@@ -202,19 +209,22 @@ TEST_F(SandboxPageSetupDialog, SpinnersKeysAndTheWheelStepTheirField)
 
 TEST_F(SandboxPageSetupDialog, OkStoresWhatIsTypedAndKeepsTheLabelSheet)
 {
-    const QString file = configure("<LabelWidth>2.625</LabelWidth><ColumnsPerSheet>3</ColumnsPerSheet>"
-                                   "<PrintDirection>1</PrintDirection>");
+    const QString file = configure(
+        "<LabelWidth>2.625</LabelWidth><ColumnsPerSheet>3</ColumnsPerSheet>"
+        "<PrintDirection>1</PrintDirection>");
     EXPECT_TRUE(run(QStringLiteral("Office-Laser"), [&](QWidget *d) {
-        child<QLineEdit>(d, "txtTopMargin")->setText(QStringLiteral("100")); // beyond the spinner's 64
+        child<QLineEdit>(d, "txtTopMargin")
+            ->setText(QStringLiteral("100")); // beyond the spinner's 64
         child<QRadioButton>(d, "optLandscape")->click();
         child<QListWidget>(d, "lstPaperSource")->setCurrentRow(3);
     }));
     // Every element in the order it is written; the label sheet as it was read.
-    EXPECT_EQ(saved(file), QStringList({"LabelWidth=2.625", "ColumnsPerSheet=3", "PrintDirection=1",
-                                        "TopMargin=100", "BottomMargin=1", "LeftMargin=1", "RightMargin=1",
-                                        "Gutter=0", "MirrorMargins=0", "Orientation=1", "PaperSize=1",
-                                        "PaperWidth=8.5", "PaperHeight=11", "PaperSource=5",
-                                        "HorizontalGap=0.125", "VerticalGap=0", "LabelHeight=1"}));
+    EXPECT_EQ(saved(file),
+              QStringList({"LabelWidth=2.625", "ColumnsPerSheet=3", "PrintDirection=1",
+                           "TopMargin=100", "BottomMargin=1", "LeftMargin=1", "RightMargin=1",
+                           "Gutter=0", "MirrorMargins=0", "Orientation=1", "PaperSize=1",
+                           "PaperWidth=8.5", "PaperHeight=11", "PaperSource=5",
+                           "HorizontalGap=0.125", "VerticalGap=0", "LabelHeight=1"}));
 }
 
 TEST_F(SandboxPageSetupDialog, LeavingWithoutOkLeavesTheFileByteForByte)
@@ -224,9 +234,10 @@ TEST_F(SandboxPageSetupDialog, LeavingWithoutOkLeavesTheFileByteForByte)
     ASSERT_TRUE(original.open(QIODevice::ReadOnly));
     const QByteArray before = original.readAll();
     for (const auto &[way, leave] : WaysToCancel(QStringLiteral("txtTopMargin"))) {
-        EXPECT_FALSE(run(QStringLiteral("Office-Laser"),
-                         [&](QWidget *d) { child<QLineEdit>(d, "txtTopMargin")->setText(QStringLiteral("2")); },
-                         leave))
+        EXPECT_FALSE(run(
+            QStringLiteral("Office-Laser"),
+            [&](QWidget *d) { child<QLineEdit>(d, "txtTopMargin")->setText(QStringLiteral("2")); },
+            leave))
             << way;
         QFile after(file);
         ASSERT_TRUE(after.open(QIODevice::ReadOnly));
@@ -239,7 +250,9 @@ TEST_F(SandboxPageSetupDialog, PreviewsFollowTheFieldsAndTurnForLandscape)
     configure("<PaperSize>1</PaperSize>");
     run(QStringLiteral("Office-Laser"), [&](QWidget *d) {
         auto *tabs = child<QTabWidget>(d, "TabControl1");
-        const auto record = [&](const char *picture) { return child<PageSetupPicture>(d, picture)->record(); };
+        const auto record = [&](const char *picture) {
+            return child<PageSetupPicture>(d, picture)->record();
+        };
         EXPECT_EQ(record("picPreview1").PaperWidth, 12240);
         EXPECT_EQ(record("picPreview1").LeftMargin, 1440);
         EXPECT_TRUE(record("picPreview1") == record("picPreview2"));
@@ -249,8 +262,10 @@ TEST_F(SandboxPageSetupDialog, PreviewsFollowTheFieldsAndTurnForLandscape)
         child<QRadioButton>(d, "optLandscape")->click();
         EXPECT_EQ(record("picPreview1").PaperWidth, 15840);
         EXPECT_EQ(record("picPreview1").PaperHeight, 12240);
-        EXPECT_EQ(child<QWidget>(d, "picLandscape")->palette().color(QPalette::Window), QColor(0xE7E2C9));
-        EXPECT_EQ(child<QWidget>(d, "picPortrait")->palette().color(QPalette::Window), QColor(0xF5F5F5));
+        EXPECT_EQ(child<QWidget>(d, "picLandscape")->palette().color(QPalette::Window),
+                  QColor(0xE7E2C9));
+        EXPECT_EQ(child<QWidget>(d, "picPortrait")->palette().color(QPalette::Window),
+                  QColor(0xF5F5F5));
         Settle();
         SaveScreenshot(d, QStringLiteral("page-setup-margins-landscape"));
 
@@ -288,10 +303,12 @@ TEST_F(PageSetupDialog, WithoutAPrinterToUseItRefusesWithoutShowingItself)
         QStringList expected;
         QList<QMessageBox::Icon> icons;
     };
-    const QString none = QStringLiteral("No printers have been setup on this computer. You must setup at least one "
-                                        "printer in order to configure page settings.");
+    const QString none = QStringLiteral(
+        "No printers have been setup on this computer. You must setup at least one "
+        "printer in order to configure page settings.");
     const QString noDefault = QStringLiteral(
-        "Unable to perform page setup. Make sure a valid default printer is setup on this computer and that the "
+        "Unable to perform page setup. Make sure a valid default printer is setup on this computer "
+        "and that the "
         "print spooler service is running. (1)");
     const Case cases[] = {
         {{}, {}, QStringLiteral("Office"), {none}, {QMessageBox::Warning}},
@@ -299,7 +316,8 @@ TEST_F(PageSetupDialog, WithoutAPrinterToUseItRefusesWithoutShowingItself)
         {{QStringLiteral("Office")},
          QStringLiteral("Gone"),
          QStringLiteral("Plotter"),
-         {QStringLiteral("The printer 'Plotter' is invalid. The default printer will be used."), noDefault},
+         {QStringLiteral("The printer 'Plotter' is invalid. The default printer will be used."),
+          noDefault},
          {QMessageBox::Warning, QMessageBox::Critical}},
     };
     configure();

@@ -77,17 +77,22 @@ protected:
     {
         StoreFixture::SetUp();
         SetPrinterInfo(std::make_unique<ListedPrinters>(
-            QStringList{"Office-Laser", "Label-Printer", "Plotter"}, QStringLiteral("Office-Laser")));
+            QStringList{"Office-Laser", "Label-Printer", "Plotter"},
+            QStringLiteral("Office-Laser")));
         auto system = std::make_unique<RecordingSystemPrinters>();
         system->opened = &opened;
         systemPrinters = system.get();
         SetSystemPrinters(std::move(system));
-        letter = host.writeSystemFile(QStringLiteral("Letter.pcx"), configurationXml("<TopMargin>1</TopMargin>", 1));
-        invoice = host.writeUserFile(QStringLiteral("Invoice.pcx"), configurationXml("<TopMargin>.5</TopMargin>"));
+        letter = host.writeSystemFile(QStringLiteral("Letter.pcx"),
+                                      configurationXml("<TopMargin>1</TopMargin>", 1));
+        invoice = host.writeUserFile(QStringLiteral("Invoice.pcx"),
+                                     configurationXml("<TopMargin>.5</TopMargin>"));
         plain = host.writeUserFile(QStringLiteral("Plain.pcx"), configurationXml(""));
         store->SetPrinterForConfiguration(QStringLiteral("Letter"), QStringLiteral("Office-Laser"));
-        store->SetPrinterForConfiguration(QStringLiteral("Invoice"), QStringLiteral("Label-Printer"));
-        store->SetPrinterForConfiguration(QStringLiteral("(Default)"), QStringLiteral("Office-Laser"));
+        store->SetPrinterForConfiguration(QStringLiteral("Invoice"),
+                                          QStringLiteral("Label-Printer"));
+        store->SetPrinterForConfiguration(QStringLiteral("(Default)"),
+                                          QStringLiteral("Office-Laser"));
     }
     void TearDown() override
     {
@@ -114,15 +119,18 @@ TEST_F(PrinterConfigurationsDialog, RowsShowEachConfigurationsOwnPrinterAndFileW
 {
     run([&](QWidget *d) {
         EXPECT_EQ(d->windowTitle(), "Printer Configurations");
-        EXPECT_EQ(shown(d), QStringList({"Letter | Office-Laser | Letter.pcx", "Invoice | Label-Printer | Invoice.pcx",
-                                         "Plain |  | Plain.pcx"}));
-        EXPECT_EQ(grid(d)->topLevelItem(2)->data(1, GridHintRole).toString(), "uses the default printer");
+        EXPECT_EQ(shown(d),
+                  QStringList({"Letter | Office-Laser | Letter.pcx",
+                               "Invoice | Label-Printer | Invoice.pcx", "Plain |  | Plain.pcx"}));
+        EXPECT_EQ(grid(d)->topLevelItem(2)->data(1, GridHintRole).toString(),
+                  "uses the default printer");
         struct Case {
             const char *row;
             bool pageSetup, properties, copy, del;
         };
-        for (const Case &c : {Case{"Letter", false, true, true, false}, Case{"Invoice", true, true, true, true},
-                              Case{"Plain", true, true, false, false}}) {
+        for (const Case &c :
+             {Case{"Letter", false, true, true, false}, Case{"Invoice", true, true, true, true},
+              Case{"Plain", true, true, false, false}}) {
             select(d, QString::fromLatin1(c.row));
             EXPECT_EQ(command(d, 1004)->isEnabled(), c.pageSetup) << c.row;
             EXPECT_EQ(child<QPushButton>(d, "cmdPageSetup")->isEnabled(), c.pageSetup) << c.row;
@@ -142,14 +150,18 @@ TEST_F(PrinterConfigurationsDialog, RenamingMovesTheFileAndItsPrinterOrRefusesAn
     run([&](QWidget *d) {
         // Refused names: the cell keeps its name and no file moves.
         const std::pair<const char *, QString> refused[] = {
-            {"Invoice", "The printer configuration cannot be renamed becuase a printer configuration with the name '" +
-                            systemFolder + "Invoice.pcx' already exists."},
-            {"../x", "The printer configuration cannot be renamed to '../x' because a name cannot contain any of "
+            {"Invoice", "The printer configuration cannot be renamed becuase a printer "
+                        "configuration with the name '"
+                            + systemFolder + "Invoice.pcx' already exists."},
+            {"../x", "The printer configuration cannot be renamed to '../x' because a name cannot "
+                     "contain any of "
                      "these characters: \\ / : * ? \" < > |"},
-            {"a/b", "The printer configuration cannot be renamed to 'a/b' because a name cannot contain any of these "
+            {"a/b", "The printer configuration cannot be renamed to 'a/b' because a name cannot "
+                    "contain any of these "
                     "characters: \\ / : * ? \" < > |"},
             {"   ", "The printer configuration must have a name."},
-            {"LPT1", "The printer configuration cannot be renamed to 'LPT1' because that name is reserved by the "
+            {"LPT1", "The printer configuration cannot be renamed to 'LPT1' because that name is "
+                     "reserved by the "
                      "system."},
         };
         QFile::copy(invoice, systemFolder + "Invoice.pcx"); // an existing name beside Letter
@@ -159,19 +171,22 @@ TEST_F(PrinterConfigurationsDialog, RenamingMovesTheFileAndItsPrinterOrRefusesAn
             EXPECT_EQ(messages.texts().value(messages.texts().size() - 1), message) << name;
             EXPECT_TRUE(QFile::exists(letter)) << name;
         }
-        EXPECT_EQ(QDir(host.systemFolder()).entryList(QDir::Files), QStringList({"Invoice.pcx", "Letter.pcx"}));
+        EXPECT_EQ(QDir(host.systemFolder()).entryList(QDir::Files),
+                  QStringList({"Invoice.pcx", "Letter.pcx"}));
         EXPECT_EQ(QDir(host.root()).entryList({"x*"}), QStringList());
 
         // Typed into the in-place editor, as a user renames.
         select(d, QStringLiteral("Letter"));
         TypeIntoCell(grid(d), 0, 0, QStringLiteral("Invoices"));
         Settle();
-        EXPECT_TRUE(shown(d).contains("Invoices | Office-Laser | Invoices.pcx")) << shown(d).join('\n').toStdString();
+        EXPECT_TRUE(shown(d).contains("Invoices | Office-Laser | Invoices.pcx"))
+            << shown(d).join('\n').toStdString();
     });
     EXPECT_FALSE(QFile::exists(letter));
     EXPECT_TRUE(QFile::exists(systemFolder + "Invoices.pcx"));
     EXPECT_EQ(store->GetPrinterForConfiguration(QStringLiteral("Invoices"), true), "Office-Laser");
-    EXPECT_EQ(store->GetPrinterForConfiguration(QStringLiteral("Letter"), true), "Office-Laser"); // left in place
+    EXPECT_EQ(store->GetPrinterForConfiguration(QStringLiteral("Letter"), true),
+              "Office-Laser"); // left in place
 }
 
 TEST_F(PrinterConfigurationsDialog, CopyingASharedConfigurationMakesItTheUsersAndAUserOneGetsACopy)
@@ -183,7 +198,8 @@ TEST_F(PrinterConfigurationsDialog, CopyingASharedConfigurationMakesItTheUsersAn
         ASSERT_TRUE(QFile::exists(userLetter));
         const XmlDocumentPtr copy = LoadXmlFile(userLetter);
         ASSERT_TRUE(copy);
-        EXPECT_EQ(NodeText(SelectSingleNode(*copy, QStringLiteral("//Identification/System"))), "0");
+        EXPECT_EQ(NodeText(SelectSingleNode(*copy, QStringLiteral("//Identification/System"))),
+                  "0");
         EXPECT_EQ(NodeText(SelectSingleNode(*copy, QStringLiteral("//PageSetup/TopMargin"))), "1");
         // The user's copy now wins lookups by name, and is the user's to set up and delete.
         EXPECT_EQ(grid(d)->topLevelItem(0)->text(2), userLetter);
@@ -196,11 +212,13 @@ TEST_F(PrinterConfigurationsDialog, CopyingASharedConfigurationMakesItTheUsersAn
         select(d, QStringLiteral("Invoice"));
         command(d, 1006)->trigger();
         EXPECT_TRUE(shown(d).contains("Invoice - Copy | Label-Printer | Invoice - Copy.pcx"));
-        EXPECT_TRUE(shown(d).contains("Invoice - Copy (2) | Label-Printer | Invoice - Copy (2).pcx"));
+        EXPECT_TRUE(
+            shown(d).contains("Invoice - Copy (2) | Label-Printer | Invoice - Copy (2).pcx"));
     });
     QFile original(invoice);
     ASSERT_TRUE(original.open(QIODevice::ReadOnly));
-    EXPECT_TRUE(original.readAll().contains("<TopMargin>.5</TopMargin>")); // the original is left alone
+    EXPECT_TRUE(
+        original.readAll().contains("<TopMargin>.5</TopMargin>")); // the original is left alone
 }
 
 TEST_F(PrinterConfigurationsDialog, DeletingAsksFirstAndOnlyYesDeletes)
@@ -211,8 +229,9 @@ TEST_F(PrinterConfigurationsDialog, DeletingAsksFirstAndOnlyYesDeletes)
             select(d, QStringLiteral("Invoice"));
             command(d, 1005)->trigger();
         });
-        EXPECT_EQ(messages.texts(),
-                  QStringList{"Are you sure you want to delete the printer configuration 'Invoice'?"});
+        EXPECT_EQ(
+            messages.texts(),
+            QStringList{"Are you sure you want to delete the printer configuration 'Invoice'?"});
         ASSERT_EQ(messages.messages().size(), 1);
         EXPECT_EQ(messages.messages()[0].icon, QMessageBox::Question);
         EXPECT_EQ(QFile::exists(invoice), answer == QMessageBox::No);
@@ -222,7 +241,8 @@ TEST_F(PrinterConfigurationsDialog, DeletingAsksFirstAndOnlyYesDeletes)
 TEST_F(PrinterConfigurationsDialog, ChoosingAPrinterAssignsIt)
 {
     run([&](QWidget *d) {
-        EXPECT_EQ(OpenChoices(grid(d), 2, 1), QStringList({"Office-Laser", "Label-Printer", "Plotter"}));
+        EXPECT_EQ(OpenChoices(grid(d), 2, 1),
+                  QStringList({"Office-Laser", "Label-Printer", "Plotter"}));
         EXPECT_TRUE(PickChoice(QStringLiteral("Plotter")));
         Settle();
         select(d, QStringLiteral("Plain"));
@@ -245,9 +265,11 @@ TEST_F(PrinterConfigurationsDialog, PrinterPropertiesAndThePrintersFolderOpenThe
         systemPrinters->failure = QStringLiteral("system-config-printer");
         child<QLabel>(d, "lblShowPrinters")->linkActivated(QStringLiteral("printers"));
     });
-    EXPECT_EQ(opened, QStringList({"properties of Office-Laser", "properties of Label-Printer", "printers", "printers"}));
-    EXPECT_EQ(messages.texts(),
-              QStringList{"The printers of this computer could not be shown (system-config-printer)."});
+    EXPECT_EQ(opened, QStringList({"properties of Office-Laser", "properties of Label-Printer",
+                                   "printers", "printers"}));
+    EXPECT_EQ(
+        messages.texts(),
+        QStringList{"The printers of this computer could not be shown (system-config-printer)."});
 }
 
 TEST_F(PrinterConfigurationsDialog, VerifyingWithAFixAnsweredYesOpensTheDialog)

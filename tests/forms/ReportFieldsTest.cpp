@@ -37,7 +37,10 @@ struct FieldsDialog : ::testing::Test {
     }
     ~FieldsDialog() override { library.PreTerminate(); }
 
-    static QTreeWidget *grid(QWidget *dialog) { return dialog->findChild<QTreeWidget *>("rptItems"); }
+    static QTreeWidget *grid(QWidget *dialog)
+    {
+        return dialog->findChild<QTreeWidget *>("rptItems");
+    }
     static void click(QWidget *dialog, const char *button)
     {
         dialog->findChild<QPushButton *>(QLatin1String(button))->click();
@@ -50,7 +53,8 @@ struct FieldsDialog : ::testing::Test {
         return texts;
     }
     // Runs `action` in the dialog over `path`, then clicks `button`.
-    bool run(const QString &path, std::function<void(QWidget *)> action, const char *button = "cmdOK")
+    bool run(const QString &path, std::function<void(QWidget *)> action,
+             const char *button = "cmdOK")
     {
         test::WhenModal(QStringLiteral("frmGeneralReportFields"), [&](QWidget *dialog) {
             action(dialog);
@@ -61,7 +65,8 @@ struct FieldsDialog : ::testing::Test {
     QString attribute(const QString &xpath) const
     {
         const XmlDocumentPtr document = LoadXmlFile(file);
-        return document ? NodeText(SelectSingleNode(*document, xpath)) : QStringLiteral("<no file>");
+        return document ? NodeText(SelectSingleNode(*document, xpath))
+                        : QStringLiteral("<no file>");
     }
 
     test::TestHost host;
@@ -72,13 +77,16 @@ struct FieldsDialog : ::testing::Test {
 TEST_F(FieldsDialog, ListsEachFieldWithItsWidthAndDefaults)
 {
     QStringList labels, sizes;
-    EXPECT_FALSE(run(file, [&](QWidget *dialog) {
-        EXPECT_EQ(dialog->windowTitle(), "Report Fields");
-        EXPECT_EQ(dialog->font().family(), "Verdana");
-        labels = column(dialog, 0);
-        sizes = column(dialog, 1);
-        test::SaveScreenshot(dialog, QStringLiteral("frmGeneralReportFields"));
-    }, "cmdCancel"));
+    EXPECT_FALSE(run(
+        file,
+        [&](QWidget *dialog) {
+            EXPECT_EQ(dialog->windowTitle(), "Report Fields");
+            EXPECT_EQ(dialog->font().family(), "Verdana");
+            labels = column(dialog, 0);
+            sizes = column(dialog, 1);
+            test::SaveScreenshot(dialog, QStringLiteral("frmGeneralReportFields"));
+        },
+        "cmdCancel"));
     EXPECT_EQ(labels, (QStringList{"Order", "Vendor", "Total", "Notes"}));
     EXPECT_EQ(sizes, (QStringList{"1", "2.5", "1.25", "2"}));
 }
@@ -86,7 +94,10 @@ TEST_F(FieldsDialog, ListsEachFieldWithItsWidthAndDefaults)
 // What is not a number is refused; OK writes "size" to every row and leaves "width" alone.
 TEST_F(FieldsDialog, RefusesWhatIsNotANumberAndWritesSizeNotWidth)
 {
-    const std::pair<QString, QString> cases[] = {{"", "2.5"}, {"abc", "2.5"}, {"1.5", "1.5"}, {"-3", "-3"},
+    const std::pair<QString, QString> cases[] = {{"", "2.5"},
+                                                 {"abc", "2.5"},
+                                                 {"1.5", "1.5"},
+                                                 {"-3", "-3"},
                                                  {"1,000", "1,000"}}; // typed, then shown
     for (const auto &[typed, expected] : cases) {
         SCOPED_TRACE(typed.toStdString());
@@ -108,10 +119,11 @@ TEST_F(FieldsDialog, CancelEscapeAndTheCloseBoxLeaveTheFileUntouchedAndReturnFal
 {
     for (const auto &[name, close] : test::WaysToCancel(QStringLiteral("rptItems"))) {
         SCOPED_TRACE(name);
-        test::WhenModal(QStringLiteral("frmGeneralReportFields"), [&, close = close](QWidget *dialog) {
-            test::TypeIntoCell(grid(dialog), 0, 1, QStringLiteral("9"));
-            close(dialog);
-        });
+        test::WhenModal(QStringLiteral("frmGeneralReportFields"),
+                        [&, close = close](QWidget *dialog) {
+                            test::TypeIntoCell(grid(dialog), 0, 1, QStringLiteral("9"));
+                            close(dialog);
+                        });
         EXPECT_FALSE(library.ShowGeneralReportFields(file));
         EXPECT_EQ(test::readFile(file), configuration);
     }
@@ -134,7 +146,8 @@ TEST_F(FieldsDialog, FilesWithoutFieldsShowNoRowsAndOkRewritesThemUnchanged)
 {
     // Single quotes: a file the library writes itself would use double ones, which shows
     // that OK did rewrite it.
-    const QByteArray bare = "<?xml version='1.0'?><Report><Title>Bare</Title><Filters><A value='1'/></Filters></Report>";
+    const QByteArray bare = "<?xml version='1.0'?><Report><Title>Bare</Title><Filters><A "
+                            "value='1'/></Filters></Report>";
     file = host.writeSystemFile(QStringLiteral("Bare.rpx"), bare);
     const QString missing = host.systemFolder() + QStringLiteral("/Missing.rpx");
     for (const QString &path : {file, missing}) {
@@ -151,15 +164,21 @@ TEST_F(FieldsDialog, FilesWithoutFieldsShowNoRowsAndOkRewritesThemUnchanged)
 
 TEST_F(FieldsDialog, RemembersItsPlaceAndSizeUnderItsFormName)
 {
-    run(file, [](QWidget *dialog) {
-        dialog->setGeometry(120, 90, 500, 380);
-        dialog->move(120, 90);
-    }, "cmdCancel");
-    const QString record = GetRegValue(HKEY_CURRENT_USER_HANDLE, QString::fromLatin1(WindowPositionsKey),
+    run(
+        file,
+        [](QWidget *dialog) {
+            dialog->setGeometry(120, 90, 500, 380);
+            dialog->move(120, 90);
+        },
+        "cmdCancel");
+    const QString record = GetRegValue(HKEY_CURRENT_USER_HANDLE,
+                                       QString::fromLatin1(WindowPositionsKey),
                                        QStringLiteral("frmGeneralReportFields"), QString());
     EXPECT_EQ(record.split(',').size(), 4) << record.toStdString();
     QRect reopened;
-    run(file, [&](QWidget *dialog) { reopened = QRect(dialog->pos(), dialog->size()); }, "cmdCancel");
+    run(
+        file, [&](QWidget *dialog) { reopened = QRect(dialog->pos(), dialog->size()); },
+        "cmdCancel");
     EXPECT_EQ(reopened, QRect(120, 90, 500, 380));
 }
 

@@ -53,8 +53,14 @@ struct FiltersDialog : ::testing::Test {
     }
     ~FiltersDialog() override { library.PreTerminate(); }
 
-    static QTreeWidget *grid(QWidget *dialog) { return dialog->findChild<QTreeWidget *>("rptItems"); }
-    static QString shown(QWidget *dialog, int row) { return grid(dialog)->topLevelItem(row)->text(1); }
+    static QTreeWidget *grid(QWidget *dialog)
+    {
+        return dialog->findChild<QTreeWidget *>("rptItems");
+    }
+    static QString shown(QWidget *dialog, int row)
+    {
+        return grid(dialog)->topLevelItem(row)->text(1);
+    }
     static void click(QWidget *dialog, const char *button)
     {
         dialog->findChild<QPushButton *>(QLatin1String(button))->click();
@@ -62,7 +68,8 @@ struct FiltersDialog : ::testing::Test {
     QString value(const char *filter) const
     {
         const XmlDocumentPtr document = LoadXmlFile(file);
-        return NodeText(SelectSingleNode(*document, QStringLiteral("//Filters/%1/@value").arg(filter)));
+        return NodeText(
+            SelectSingleNode(*document, QStringLiteral("//Filters/%1/@value").arg(filter)));
     }
     // Runs `action` in the filters dialog, then confirms it with OK.
     bool runThenOk(std::function<void(QWidget *)> action)
@@ -91,10 +98,12 @@ TEST_F(FiltersDialog, ShowsEachFilterWithItsValueAndDescription)
         EXPECT_EQ(dialog->windowTitle(), "Report Filters");
         QTreeWidget *items = grid(dialog);
         EXPECT_TRUE(items->isColumnHidden(2) && items->isColumnHidden(3));
-        EXPECT_EQ(items->headerItem()->text(0) + '|' + items->headerItem()->text(1), "Filter|Value");
+        EXPECT_EQ(items->headerItem()->text(0) + '|' + items->headerItem()->text(1),
+                  "Filter|Value");
         for (int i = 0; i < items->topLevelItemCount(); ++i) {
             const QTreeWidgetItem *item = items->topLevelItem(i);
-            rows << QStringList{item->text(0), item->text(1), item->text(2), item->text(3)}.join('|');
+            rows << QStringList{item->text(0), item->text(1), item->text(2), item->text(3)}.join(
+                '|');
         }
         items->setCurrentItem(items->topLevelItem(Active), 1);
         description = dialog->findChild<QLabel *>("lblDescription")->text();
@@ -106,9 +115,10 @@ TEST_F(FiltersDialog, ShowsEachFilterWithItsValueAndDescription)
     EXPECT_FALSE(library.ShowGeneralReportFilters(file));
     EXPECT_EQ(rows, (QStringList{"Order date|Last Week|daterange|0",
                                  "Ship date|Custom Date Range : 3/1/2024 to 3/31/2024|daterange|0",
-                                 "Vendor|Acme Shades|vendor|1", "Manufacturer|Alpha Blinds|manufacturer|0",
-                                 "Source|Fabricate|productsource|0", "Active only|Yes|boolean|0", "State|TX||0",
-                                 "Sidemark|left||0"}));
+                                 "Vendor|Acme Shades|vendor|1",
+                                 "Manufacturer|Alpha Blinds|manufacturer|0",
+                                 "Source|Fabricate|productsource|0", "Active only|Yes|boolean|0",
+                                 "State|TX||0", "Sidemark|left||0"}));
     EXPECT_EQ(description, "asdf");
 }
 
@@ -116,10 +126,11 @@ TEST_F(FiltersDialog, OkWithoutAChangeRewritesEveryValueWithTokensResolved)
 {
     EXPECT_TRUE(runThenOk([](QWidget *) {}));
     QStringList stored;
-    for (const char *filter : {"OrderDate", "ShipDate", "Vendor", "Manufacturer", "Source", "Active", "State", "Sidemark"})
+    for (const char *filter : {"OrderDate", "ShipDate", "Vendor", "Manufacturer", "Source",
+                               "Active", "State", "Sidemark"})
         stored << value(filter);
-    EXPECT_EQ(stored, (QStringList{"Last Week", "Custom Date Range : 3/1/2024 to 3/31/2024", "Acme Shades",
-                                   "Alpha Blinds", "2", "1", "TX", "left"}));
+    EXPECT_EQ(stored, (QStringList{"Last Week", "Custom Date Range : 3/1/2024 to 3/31/2024",
+                                   "Acme Shades", "Alpha Blinds", "2", "1", "TX", "left"}));
     const XmlDocumentPtr document = LoadXmlFile(file);
     EXPECT_EQ(NodeText(SelectSingleNode(*document, "//Fields/Vendor/@width")), "2");
 }
@@ -128,11 +139,12 @@ TEST_F(FiltersDialog, CancelEscapeAndTheCloseBoxLeaveTheFileUntouchedAndReturnFa
 {
     for (const auto &[name, close] : test::WaysToCancel(QStringLiteral("rptItems"))) {
         SCOPED_TRACE(name);
-        test::WhenModal(QStringLiteral("frmGeneralReportFilters"), [&, close = close](QWidget *dialog) {
-            test::TypeIntoCell(grid(dialog), Sidemark, 1, QStringLiteral("right"));
-            EXPECT_EQ(shown(dialog, Sidemark), "right");
-            close(dialog);
-        });
+        test::WhenModal(QStringLiteral("frmGeneralReportFilters"),
+                        [&, close = close](QWidget *dialog) {
+                            test::TypeIntoCell(grid(dialog), Sidemark, 1, QStringLiteral("right"));
+                            EXPECT_EQ(shown(dialog, Sidemark), "right");
+                            close(dialog);
+                        });
         EXPECT_FALSE(library.ShowGeneralReportFilters(file));
         EXPECT_EQ(test::readFile(file), configuration);
     }
@@ -149,12 +161,22 @@ TEST_F(FiltersDialog, EachTypeOffersItsChoicesAndStoresThePick)
     } cases[] = {
         {Active, {"Yes", "No"}, "No", "Active", "0"},
         {Source, {"None", "Purchase", "Fabricate", "Stock", "Other"}, "Stock", "Source", "3"},
-        {Vendor, {"(All Vendors)", "Acme Shades", "Blind Spot", "Cord & Co"}, "Cord & Co", "Vendor", "Cord & Co"},
-        {Manufacturer, {"Alpha Blinds", "Zeta Shutters"}, "Zeta Shutters", "Manufacturer", "Zeta Shutters"},
+        {Vendor,
+         {"(All Vendors)", "Acme Shades", "Blind Spot", "Cord & Co"},
+         "Cord & Co",
+         "Vendor",
+         "Cord & Co"},
+        {Manufacturer,
+         {"Alpha Blinds", "Zeta Shutters"},
+         "Zeta Shutters",
+         "Manufacturer",
+         "Zeta Shutters"},
         {OrderDate,
-         {"Today", "Yesterday", "This Year", "This Week", "This Month", "Last Week", "Last Month", "Past 30 days",
-          "Past 60 days", "Past 90 days", "Custom Date Range"},
-         "Past 90 days", "OrderDate", "Past 90 days"}};
+         {"Today", "Yesterday", "This Year", "This Week", "This Month", "Last Week", "Last Month",
+          "Past 30 days", "Past 60 days", "Past 90 days", "Custom Date Range"},
+         "Past 90 days",
+         "OrderDate",
+         "Past 90 days"}};
     for (const auto &c : cases) {
         SCOPED_TRACE(c.filter);
         QStringList offered;
@@ -269,18 +291,23 @@ TEST_F(FiltersDialog, AFileWithoutFiltersShowsNoRowsAndOkSavesIt)
 
 // A custom range written in the user's locale survives OK after OK, whatever that locale
 // writes: month names in C, day first in German, year first in Japanese.
-class FiltersDialogInLocale : public FiltersDialog, public ::testing::WithParamInterface<const char *> {
+class FiltersDialogInLocale : public FiltersDialog,
+                              public ::testing::WithParamInterface<const char *>
+{
 protected:
     FiltersDialogInLocale() { QLocale::setDefault(QLocale(QString::fromLatin1(GetParam()))); }
-    ~FiltersDialogInLocale() override { QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates)); }
+    ~FiltersDialogInLocale() override
+    {
+        QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
+    }
 };
 
 TEST_P(FiltersDialogInLocale, ACustomRangeSurvivesTwoOks)
 {
     const QString range = CustomDateRangeText(QDate(2024, 3, 1), QDate(2024, 3, 31));
     file = host.writeSystemFile(QStringLiteral("Range.rpx"),
-                                "<Report><Filters><ShipDate type=\"daterange\" value=\"" + range.toUtf8()
-                                    + "\"/></Filters></Report>");
+                                "<Report><Filters><ShipDate type=\"daterange\" value=\""
+                                    + range.toUtf8() + "\"/></Filters></Report>");
     EXPECT_TRUE(runThenOk([](QWidget *) {}));
     EXPECT_TRUE(runThenOk([](QWidget *) {}));
     EXPECT_EQ(value("ShipDate"), range);

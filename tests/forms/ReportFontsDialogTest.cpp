@@ -24,8 +24,14 @@ struct FontsDialog : ::testing::Test {
     FontsDialog() { library.Initialize(&host); }
     ~FontsDialog() override { library.PreTerminate(); }
 
-    static QTreeWidget *grid(QWidget *d) { return d->findChild<QTreeWidget *>(QStringLiteral("rptFonts")); }
-    static void click(QWidget *d, const char *name) { d->findChild<QPushButton *>(QLatin1String(name))->click(); }
+    static QTreeWidget *grid(QWidget *d)
+    {
+        return d->findChild<QTreeWidget *>(QStringLiteral("rptFonts"));
+    }
+    static void click(QWidget *d, const char *name)
+    {
+        d->findChild<QPushButton *>(QLatin1String(name))->click();
+    }
     static QStringList column(QWidget *d, int column)
     {
         QStringList texts;
@@ -34,10 +40,12 @@ struct FontsDialog : ::testing::Test {
         return texts;
     }
     // Opens the process (or general) dialog, runs `action`, and leaves it by `close`.
-    bool run(bool process, std::function<void(QWidget *)> action,
-             std::function<void(QWidget *)> close = [](QWidget *d) { click(d, "cmdOK"); })
+    bool run(
+        bool process, std::function<void(QWidget *)> action,
+        std::function<void(QWidget *)> close = [](QWidget *d) { click(d, "cmdOK"); })
     {
-        const QString name = process ? QStringLiteral("frmProcessReportFonts") : QStringLiteral("frmGeneralReportFonts");
+        const QString name = process ? QStringLiteral("frmProcessReportFonts")
+                                     : QStringLiteral("frmGeneralReportFonts");
         test::WhenModal(name, [&](QWidget *d) {
             action(d);
             close(d);
@@ -58,7 +66,8 @@ struct FontsDialog : ::testing::Test {
     }
     QString userFile(bool process) const
     {
-        return host.userFolder() + (process ? "/Process Report Fonts.fox" : "/General Report Fonts.fox");
+        return host.userFolder()
+               + (process ? "/Process Report Fonts.fox" : "/General Report Fonts.fox");
     }
     QStringList savedAttribute(bool process, const char *name) const
     {
@@ -91,7 +100,8 @@ TEST_F(FontsDialog, WithoutFilesTheDefaultsOpenAndOkWritesTheUserCopy)
         QStringList attributes;
         for (pugi::xml_attribute a : saved->select_node("//Font").node().attributes())
             attributes << QString::fromUtf8(a.name());
-        EXPECT_EQ(attributes, QStringList({"type", "name", "bold", "italic", "underline", "strikeout", "size", "color"}));
+        EXPECT_EQ(attributes, QStringList({"type", "name", "bold", "italic", "underline",
+                                           "strikeout", "size", "color"}));
     }
 }
 
@@ -103,14 +113,18 @@ TEST_F(FontsDialog, ProcessListsAreToppedUpAndOddRowsKept)
         <Font type="1" name="Arial" size="14" bold="1"/>
         <Font type="1" name="Arial" size="14" bold="1"/>
       </ProcessReports></ReportFonts>)");
-    EXPECT_FALSE(run(true, [&](QWidget *d) {
-        EXPECT_EQ(column(d, typeColumn), QStringList({"37", "99", "1", "1", "35", "36", "38"}));
-        EXPECT_EQ(column(d, boldColumn), QStringList({"0", "0", "1", "1", "1", "1", "0"}));
-        EXPECT_EQ(column(d, sizeColumn).first(), "10") << "a loaded size is a whole number, halves to even";
-        EXPECT_EQ(grid(d)->topLevelItem(1)->text(fieldColumn), "");
-        EXPECT_EQ(grid(d)->topLevelItem(1)->text(fontColumn), "Example");
-        EXPECT_EQ(grid(d)->topLevelItem(0)->text(faceColumn), "Georgia");
-    }, [](QWidget *d) { click(d, "cmdCancel"); }));
+    EXPECT_FALSE(run(
+        true,
+        [&](QWidget *d) {
+            EXPECT_EQ(column(d, typeColumn), QStringList({"37", "99", "1", "1", "35", "36", "38"}));
+            EXPECT_EQ(column(d, boldColumn), QStringList({"0", "0", "1", "1", "1", "1", "0"}));
+            EXPECT_EQ(column(d, sizeColumn).first(), "10")
+                << "a loaded size is a whole number, halves to even";
+            EXPECT_EQ(grid(d)->topLevelItem(1)->text(fieldColumn), "");
+            EXPECT_EQ(grid(d)->topLevelItem(1)->text(fontColumn), "Example");
+            EXPECT_EQ(grid(d)->topLevelItem(0)->text(faceColumn), "Georgia");
+        },
+        [](QWidget *d) { click(d, "cmdCancel"); }));
     EXPECT_FALSE(QFile::exists(userFile(true)));
 }
 
@@ -138,13 +152,17 @@ TEST_F(FontsDialog, AChosenFontKeepsItsFractionAndColour)
 
 TEST_F(FontsDialog, CancelAndResetWriteNothingAndTheCloseBoxReadsAsConfirmed)
 {
-    const QByteArray system = R"(<ReportFonts><GeneralReports><Font type="2" name="Arial" size="30"/></GeneralReports></ReportFonts>)";
+    const QByteArray system =
+        R"(<ReportFonts><GeneralReports><Font type="2" name="Arial" size="30"/></GeneralReports></ReportFonts>)";
     const QString systemFile = host.writeSystemFile("General Report Fonts.fox", system);
     for (const auto &[way, close] : test::WaysToCancel(QStringLiteral("rptFonts"))) {
-        const bool result = run(false, [&](QWidget *d) {
-            click(d, "cmdResetToDefaults");
-            EXPECT_EQ(grid(d)->topLevelItemCount(), 13);
-        }, close);
+        const bool result = run(
+            false,
+            [&](QWidget *d) {
+                click(d, "cmdResetToDefaults");
+                EXPECT_EQ(grid(d)->topLevelItemCount(), 13);
+            },
+            close);
         EXPECT_EQ(result, std::string(way) == "CloseBox") << way;
         EXPECT_FALSE(QFile::exists(userFile(false))) << way;
         EXPECT_EQ(test::readFile(systemFile), system) << way;
@@ -154,17 +172,20 @@ TEST_F(FontsDialog, CancelAndResetWriteNothingAndTheCloseBoxReadsAsConfirmed)
 TEST_F(FontsDialog, EnterOnARowOpensTheFontDialogAndNotOk)
 {
     bool opened = false;
-    EXPECT_FALSE(run(true, [&](QWidget *d) {
-        test::WhenModal(QStringLiteral("CommonDialog1"), [&](QWidget *fontDialog) {
-            opened = true;
-            test::SaveScreenshot(fontDialog, QStringLiteral("CommonDialog1-from-fonts"));
-            QMetaObject::invokeMethod(fontDialog, "reject");
-        });
-        grid(d)->setFocus();
-        QTest::keyClick(grid(d), Qt::Key_Return);
-        EXPECT_TRUE(d->isVisible());
-        test::SaveScreenshot(d, QStringLiteral("frmProcessReportFonts"));
-    }, [](QWidget *d) { click(d, "cmdCancel"); }));
+    EXPECT_FALSE(run(
+        true,
+        [&](QWidget *d) {
+            test::WhenModal(QStringLiteral("CommonDialog1"), [&](QWidget *fontDialog) {
+                opened = true;
+                test::SaveScreenshot(fontDialog, QStringLiteral("CommonDialog1-from-fonts"));
+                QMetaObject::invokeMethod(fontDialog, "reject");
+            });
+            grid(d)->setFocus();
+            QTest::keyClick(grid(d), Qt::Key_Return);
+            EXPECT_TRUE(d->isVisible());
+            test::SaveScreenshot(d, QStringLiteral("frmProcessReportFonts"));
+        },
+        [](QWidget *d) { click(d, "cmdCancel"); }));
     EXPECT_TRUE(opened);
 }
 

@@ -26,12 +26,13 @@ int main(int argc, char **argv)
     if (args.size() != 4)
         return 2;
     bravcpl5::SetRegistryFile(args[1]);
-    const QString key = QStringLiteral("Software\\Tarnwell\\Lumarest\\5.0\\Settings (Acme)\\Printer Configurations");
+    const QString key = QStringLiteral(
+        "Software\\Tarnwell\\Lumarest\\5.0\\Settings (Acme)\\Printer Configurations");
     const int count = args[3].toInt();
     int failed = 0;
     for (int i = 0; i < count; ++i)
-        if (!bravcpl5::SetRegValue(bravcpl5::HKEY_CURRENT_USER_HANDLE, key, args[2] + QString::number(i),
-                                   QStringLiteral("Office-Laser")))
+        if (!bravcpl5::SetRegValue(bravcpl5::HKEY_CURRENT_USER_HANDLE, key,
+                                   args[2] + QString::number(i), QStringLiteral("Office-Laser")))
             ++failed;
     return failed == 0 ? 0 : 1;
 }

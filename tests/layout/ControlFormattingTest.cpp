@@ -1,12 +1,12 @@
-#include "report/ReportField.h"
-#include "report/ReportLabel.h"
 #include "layout/ReportLayout.h"
 #include "layout/WindowsColor.h"
+#include "report/ReportField.h"
+#include "report/ReportLabel.h"
 #include "support/TestOutput.h"
 
 #include <QImage>
-#include <QVariant>
 #include <QPainter>
+#include <QVariant>
 #include <array>
 #include <gtest/gtest.h>
 #include <ostream>
@@ -139,7 +139,7 @@ TEST(ReferenceControls, DrawWhatTheyHold)
     EXPECT_EQ(image.pixelColor(2, 2), QColor(Qt::yellow));
     EXPECT_EQ(image.pixelColor(100, 39), QColor(Qt::black)); // the thick bottom
     EXPECT_EQ(image.pixelColor(100, 38), QColor(Qt::black));
-    EXPECT_EQ(image.pixelColor(100, 1), QColor(Qt::yellow));  // no top line
+    EXPECT_EQ(image.pixelColor(100, 1), QColor(Qt::yellow)); // no top line
     int leftInk = 0;
     int rightInk = 0;
     for (int y = 0; y < 36; ++y) {

@@ -9,7 +9,7 @@
 namespace bravcpl5 {
 namespace {
 
-const QDate date(2024, 3, 5);       // a Tuesday
+const QDate date(2024, 3, 5); // a Tuesday
 const QTime afternoon(14, 7, 9);
 const QTime midnight(0, 4, 0);
 
@@ -63,9 +63,11 @@ TEST(FurnitureFormats, EveryOfferedFormatPrintsSomethingInEveryLocale)
     for (const char *name : {"C", "de_DE", "ja_JP", "ar_EG"}) {
         const QLocale locale{QString::fromLatin1(name)};
         for (const QString &format : PrintDateFormats())
-            EXPECT_FALSE(FormatPrintDate(format, date, locale).isEmpty()) << name << format.toStdString();
+            EXPECT_FALSE(FormatPrintDate(format, date, locale).isEmpty())
+                << name << format.toStdString();
         for (const QString &format : PrintTimeFormats())
-            EXPECT_FALSE(FormatPrintTime(format, afternoon, locale).isEmpty()) << name << format.toStdString();
+            EXPECT_FALSE(FormatPrintTime(format, afternoon, locale).isEmpty())
+                << name << format.toStdString();
     }
     EXPECT_EQ(FormatPrintDate("mmmm", date, QLocale(QStringLiteral("de_DE"))), "März");
 }
@@ -79,14 +81,15 @@ TEST(ReportFurniture, LinesFollowTheLayoutInPrintOrder)
     layout.printDate.alignment = 1;
     layout.extraLine.label = "Thank you";
     layout.pageNumber.format = "Page nnn of mmm";
-    const QList<FurnitureLine> header =
-        HeaderFurniture(layout, {"Title", "Sub", "About"}, QDateTime(date, afternoon));
+    const QList<FurnitureLine> header = HeaderFurniture(layout, {"Title", "Sub", "About"},
+                                                        QDateTime(date, afternoon));
     const QList<FurnitureLine> expected = {
         {"Acme", furnitureFont::company, 1, false},
         {"Title", furnitureFont::title, 2, false},
         {"About", furnitureFont::subTitle, 2, true},
         {"2024", furnitureFont::printDate, 1, false},
-        {QLocale().toString(afternoon, QStringLiteral("HH:mm")), furnitureFont::printTime, 1, false},
+        {QLocale().toString(afternoon, QStringLiteral("HH:mm")), furnitureFont::printTime, 1,
+         false},
     };
     EXPECT_EQ(header, expected);
     EXPECT_EQ(FooterFurniture(layout, 2, 5),

@@ -40,7 +40,8 @@ GeneralReportLayout changed()
 
 TEST(GeneralReportLayoutDocument, EmptyDefinitionReadsAsTheDefaults)
 {
-    for (const char *xml : {"<Definition/>", "<Definition><Report/><Header/><Footer/></Definition>"})
+    for (const char *xml :
+         {"<Definition/>", "<Definition><Report/><Header/><Footer/></Definition>"})
         EXPECT_EQ(read(xml), GeneralReportLayout()) << xml;
 }
 
@@ -101,12 +102,16 @@ TEST(GeneralReportLayoutDocument, EmptyPathWritesNothing)
 TEST(LayoutFileOf, SitsBesideTheConfigurationFile)
 {
     const std::pair<const char *, const char *> cases[] = {
-        {"/data/Reports/Sales.xml", "/data/Reports/Sales.lyx"}, {"Sales.xml", "Sales.lyx"},
-        {"/data/Reports/Sales.lyx", "/data/Reports/Sales.lyx"}, {"/data/v1.2/Sales", "/data/v1.2/Sales.lyx"},
-        {"/data/Sales.2024.xml", "/data/Sales.2024.lyx"}, {"C:\\Reports\\Sales.xml", "C:\\Reports\\Sales.lyx"},
+        {"/data/Reports/Sales.xml", "/data/Reports/Sales.lyx"},
+        {"Sales.xml", "Sales.lyx"},
+        {"/data/Reports/Sales.lyx", "/data/Reports/Sales.lyx"},
+        {"/data/v1.2/Sales", "/data/v1.2/Sales.lyx"},
+        {"/data/Sales.2024.xml", "/data/Sales.2024.lyx"},
+        {"C:\\Reports\\Sales.xml", "C:\\Reports\\Sales.lyx"},
         {"", ""}};
     for (const auto &[configuration, layout] : cases)
-        EXPECT_EQ(ReportLayout().GetLayoutFile(QString::fromUtf8(configuration)), QString::fromUtf8(layout));
+        EXPECT_EQ(ReportLayout().GetLayoutFile(QString::fromUtf8(configuration)),
+                  QString::fromUtf8(layout));
 }
 
 TEST_F(LayoutFixture, ReportsOwnLayoutBeforeTheGeneralOne)
@@ -114,16 +119,23 @@ TEST_F(LayoutFixture, ReportsOwnLayoutBeforeTheGeneralOne)
     const QString report = QDir(host.root()).filePath(QStringLiteral("Sales.xml"));
     EXPECT_EQ(layout()->LoadGeneralReportLayout(report), "");
 
-    host.writeSystemFile(QStringLiteral("General Report Layout.lyx"), R"(<Definition><Report><PrinterConfiguration configuration="System"/></Report></Definition>)");
-    host.writeUserFile(QStringLiteral("General Report Layout.lyx"), R"(<Definition><Report><PrinterConfiguration configuration="User"/></Report></Definition>)");
+    host.writeSystemFile(
+        QStringLiteral("General Report Layout.lyx"),
+        R"(<Definition><Report><PrinterConfiguration configuration="System"/></Report></Definition>)");
+    host.writeUserFile(
+        QStringLiteral("General Report Layout.lyx"),
+        R"(<Definition><Report><PrinterConfiguration configuration="User"/></Report></Definition>)");
     auto configurationOf = [&](const QString &file) {
         const XmlDocumentPtr document = layout()->generalReportLayoutDocument(file);
-        return document ? GeneralReportLayout::fromDocument(*document).printerConfiguration : QStringLiteral("none");
+        return document ? GeneralReportLayout::fromDocument(*document).printerConfiguration
+                        : QStringLiteral("none");
     };
     EXPECT_EQ(configurationOf(report), "User");
     EXPECT_EQ(configurationOf(QString()), "User");
 
-    writeFile(QDir(host.root()).filePath(QStringLiteral("Sales.lyx")), R"(<Definition><Report><PrinterConfiguration configuration="Own"/></Report></Definition>)");
+    writeFile(
+        QDir(host.root()).filePath(QStringLiteral("Sales.lyx")),
+        R"(<Definition><Report><PrinterConfiguration configuration="Own"/></Report></Definition>)");
     EXPECT_EQ(configurationOf(report), "Own");
     EXPECT_TRUE(layout()->LoadGeneralReportLayout(report).contains(QLatin1String("Own")));
 }

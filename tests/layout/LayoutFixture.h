@@ -23,7 +23,10 @@ protected:
     Library library;
     MessageRecorder messages; // no test here expects a message
 
-    void TearDown() override { EXPECT_TRUE(messages.texts().isEmpty()) << messages.texts().join(u'\n').toStdString(); }
+    void TearDown() override
+    {
+        EXPECT_TRUE(messages.texts().isEmpty()) << messages.texts().join(u'\n').toStdString();
+    }
 };
 
 } // namespace bravcpl5::test

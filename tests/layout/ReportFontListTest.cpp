@@ -45,8 +45,8 @@ TEST(ReportFontListTest, ReadsItsFamilysFontsWithDefaultsForWhatIsMissingOrNotAN
 
 TEST(ReportFontListTest, OnlyProcessListsAreToppedUpAndOnlyWithWhatTheyLack)
 {
-    const XmlDocumentPtr document =
-        parse(R"(<ReportFonts><ProcessReports><Font type="36" name="Kept"/></ProcessReports></ReportFonts>)");
+    const XmlDocumentPtr document = parse(
+        R"(<ReportFonts><ProcessReports><Font type="36" name="Kept"/></ProcessReports></ReportFonts>)");
     ReportFontList process = ReportFontList::fromDocument(*document, processReports);
     process.addMissingTypes();
     QList<int> types;
@@ -64,14 +64,16 @@ TEST(ReportFontListTest, WhatIsSavedReadsBackTheSame)
 {
     ReportFontList list;
     list.reportType = processReports;
-    list.fonts = {FontDefinition{35, QStringLiteral("Courier New"), 10.5f, true, false, true, false, 0x00FF00},
+    list.fonts = {FontDefinition{35, QStringLiteral("Courier New"), 10.5f, true, false, true, false,
+                                 0x00FF00},
                   FontDefinition{1, QStringLiteral("Arial"), 8, false, true, false, true, 0}};
     QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("Process Report Fonts.fox"));
     ASSERT_TRUE(list.save(path));
     const XmlDocumentPtr saved = LoadXmlFile(path);
     ASSERT_TRUE(saved);
-    EXPECT_EQ(NodeText(SelectSingleNode(*saved, QStringLiteral("//ProcessReports/Font[1]/@size"))), "10.5");
+    EXPECT_EQ(NodeText(SelectSingleNode(*saved, QStringLiteral("//ProcessReports/Font[1]/@size"))),
+              "10.5");
     ReportFontList reread = ReportFontList::fromDocument(*saved, processReports);
     list.fonts[0].size = 10; // a fraction is kept in the file and rounded on reading
     EXPECT_TRUE(reread.fonts == list.fonts);

@@ -1,9 +1,9 @@
 #include "LayoutFixture.h"
 
 #include "layout/FontTypes.h"
-#include "report/ReportLabel.h"
 #include "layout/WindowsColor.h"
 #include "library/LateBinding.h"
+#include "report/ReportLabel.h"
 
 #include <optional>
 #include <ostream>
@@ -38,9 +38,9 @@ void setState(ReportLabel &control, const ControlState &s)
 ControlState stateOf(const ReportLabel &control)
 {
     const ReportFont *font = control.font();
-    return {font->property("Name").toString(),      font->property("Size").toDouble(),
-            font->property("Bold").toBool(),        font->property("Italic").toBool(),
-            font->property("Underline").toBool(),   font->property("Strikethrough").toBool(),
+    return {font->property("Name").toString(),    font->property("Size").toDouble(),
+            font->property("Bold").toBool(),      font->property("Italic").toBool(),
+            font->property("Underline").toBool(), font->property("Strikethrough").toBool(),
             control.property("ForeColor").toInt()};
 }
 
@@ -52,8 +52,8 @@ ControlState applied(double size, qint32 color = 0, const QString &name = QStrin
 
 struct FontCase {
     const char *name;
-    const char *generalFonts;  // the "Font" elements of the general document
-    const char *processFonts;  // of the process document; null: no process file
+    const char *generalFonts; // the "Font" elements of the general document
+    const char *processFonts; // of the process document; null: no process file
     qint16 reportType;
     qint16 fieldType;
     float height;
@@ -67,8 +67,8 @@ const char *const processFonts = R"(<Font type="15" size="14" bold="1" color="83
 const FontCase fontCases[] = {
     {"OnlyGeneralFile", R"(<Font type="4" size="8"/>)", nullptr, 1, 4, 242, std::nullopt},
     {"ReportTypeTwo", R"(<Font type="4" size="8"/>)", processFonts, 2, 4, 242, std::nullopt},
-    {"GeneralFont", R"(<Font type="4" name="Verdana" size="8" italic="1"/>)", processFonts, 1, 4, 198,
-     ControlState{QStringLiteral("Verdana"), 8, false, true, false, false, 0}},
+    {"GeneralFont", R"(<Font type="4" name="Verdana" size="8" italic="1"/>)", processFonts, 1, 4,
+     198, ControlState{QStringLiteral("Verdana"), 8, false, true, false, false, 0}},
     {"ProcessFont", "", processFonts, 3, 15, 330,
      ControlState{QStringLiteral("Arial"), 14, true, false, false, false, colorDarkBlue}},
     {"UnknownType", R"(<Font type="4" size="8"/>)", processFonts, 1, 5, 242, std::nullopt},
@@ -82,21 +82,25 @@ const FontCase fontCases[] = {
      ControlState{QStringLiteral("Arial"), 12, true, false, false, false, 0}},
     {"EmptySwitchesAreOff", R"(<Font type="4" bold="" italic="" underline="" strikeout=""/>)",
      processFonts, 1, 4, 242, applied(12)},
-    {"HalfSizeRoundsToEven", R"(<Font type="4" size="10.5"/>)", processFonts, 1, 4, 253, applied(10)},
+    {"HalfSizeRoundsToEven", R"(<Font type="4" size="10.5"/>)", processFonts, 1, 4, 253,
+     applied(10)},
     {"OtherHalfRoundsUp", R"(<Font type="4" size="11.5"/>)", processFonts, 1, 4, 275, applied(12)},
     {"SizeNotANumberKeepsSize", R"(<Font type="4" size="big" bold="1"/>)", processFonts, 1, 4, 242,
      ControlState{QStringLiteral("Arial"), 7, true, false, false, false, 0}},
-    {"ColourNotANumberKeepsColour", R"(<Font type="4" size="8" color="blue"/>)", processFonts, 1, 4, 198,
-     applied(8, startState.foreColor)},
+    {"ColourNotANumberKeepsColour", R"(<Font type="4" size="8" color="blue"/>)", processFonts, 1, 4,
+     198, applied(8, startState.foreColor)},
     {"DarkBlue", R"(<Font type="4" size="8" color="8388608"/>)", processFonts, 1, 4, 198,
      applied(8, colorDarkBlue)},
-    {"FirstOfTwoWins", R"(<Font type="4" size="8" name="First"/><Font type="4" size="14" name="Second"/>)",
+    {"FirstOfTwoWins",
+     R"(<Font type="4" size="8" name="First"/><Font type="4" size="14" name="Second"/>)",
      processFonts, 1, 4, 198, applied(8, 0, QStringLiteral("First"))},
-    {"FirstWinsByEachRule", R"(<Font type="04" size="8"/><Font type="4" size="14"/>)", processFonts, 1, 4,
-     330, applied(8)},
+    {"FirstWinsByEachRule", R"(<Font type="04" size="8"/><Font type="4" size="14"/>)", processFonts,
+     1, 4, 330, applied(8)},
 };
 
-class FontLookup : public LayoutFixture, public ::testing::WithParamInterface<FontCase> {};
+class FontLookup : public LayoutFixture, public ::testing::WithParamInterface<FontCase>
+{
+};
 
 TEST_P(FontLookup, HeightAndAppliedFont)
 {
@@ -121,21 +125,26 @@ INSTANTIATE_TEST_SUITE_P(Fonts, FontLookup, ::testing::ValuesIn(fontCases),
 
 TEST_F(LayoutFixture, UnreadableFontsFileLeavesBothFamiliesAtTheirDefaults)
 {
-    host.writeSystemFile(QStringLiteral("General Report Fonts.fox"), "<ReportFonts><GeneralReports>");
+    host.writeSystemFile(QStringLiteral("General Report Fonts.fox"),
+                         "<ReportFonts><GeneralReports>");
     host.writeSystemFile(QStringLiteral("Process Report Fonts.fox"),
-                         "<ReportFonts><ProcessReports><Font type=\"15\" size=\"14\"/></ProcessReports></ReportFonts>");
+                         "<ReportFonts><ProcessReports><Font type=\"15\" "
+                         "size=\"14\"/></ProcessReports></ReportFonts>");
     EXPECT_EQ(layout()->GetFontHeight(3, 15), 242);
 }
 
 TEST_F(LayoutFixture, FontsAreThoseOfWhenTheServiceWasCreatedUntilPreTerminate)
 {
-    const QByteArray general = "<ReportFonts><GeneralReports><Font type=\"1\" size=\"8\"/></GeneralReports></ReportFonts>";
+    const QByteArray general =
+        "<ReportFonts><GeneralReports><Font type=\"1\" size=\"8\"/></GeneralReports></ReportFonts>";
     host.writeSystemFile(QStringLiteral("General Report Fonts.fox"), general);
-    host.writeSystemFile(QStringLiteral("Process Report Fonts.fox"), "<ReportFonts><ProcessReports/></ReportFonts>");
+    host.writeSystemFile(QStringLiteral("Process Report Fonts.fox"),
+                         "<ReportFonts><ProcessReports/></ReportFonts>");
     ASSERT_EQ(layout()->GetFontHeight(1, 1), 198);
 
     host.writeUserFile(QStringLiteral("General Report Fonts.fox"),
-                       "<ReportFonts><GeneralReports><Font type=\"1\" size=\"12\"/></GeneralReports></ReportFonts>");
+                       "<ReportFonts><GeneralReports><Font type=\"1\" "
+                       "size=\"12\"/></GeneralReports></ReportFonts>");
     EXPECT_EQ(layout()->GetFontHeight(1, 1), 198);
     EXPECT_TRUE(layout()->LoadGeneralReportFonts(false).contains(QLatin1String("size=\"12\"")));
 
@@ -149,19 +158,24 @@ TEST_F(LayoutFixture, FontsAreThoseOfWhenTheServiceWasCreatedUntilPreTerminate)
 TEST_F(LayoutFixture, PublishedMembersAnswerByName)
 {
     host.writeSystemFile(QStringLiteral("General Report Fonts.fox"),
-                         "<ReportFonts><GeneralReports><Font type=\"5\" size=\"8\" bold=\"1\"/></GeneralReports></ReportFonts>");
-    host.writeSystemFile(QStringLiteral("Process Report Fonts.fox"), "<ReportFonts><ProcessReports/></ReportFonts>");
+                         "<ReportFonts><GeneralReports><Font type=\"5\" size=\"8\" "
+                         "bold=\"1\"/></GeneralReports></ReportFonts>");
+    host.writeSystemFile(QStringLiteral("Process Report Fonts.fox"),
+                         "<ReportFonts><ProcessReports/></ReportFonts>");
     QObject *service = late::object(&library, "ReportLayout");
     EXPECT_EQ(late::value(service, "GetFontHeight", {1, 5}).toFloat(), 198);
     ReportLabel control;
-    EXPECT_TRUE(late::call(service, "ApplyFontSettingsToControl", {QVariant::fromValue<QObject *>(&control), 1, 5}));
+    EXPECT_TRUE(late::call(service, "ApplyFontSettingsToControl",
+                           {QVariant::fromValue<QObject *>(&control), 1, 5}));
     EXPECT_TRUE(control.font()->property("Bold").toBool());
-    EXPECT_EQ(late::text(service, "GeneralReportFontsFile"), host.systemFolder() + "/General Report Fonts.fox");
+    EXPECT_EQ(late::text(service, "GeneralReportFontsFile"),
+              host.systemFolder() + "/General Report Fonts.fox");
 }
 
 TEST_F(LayoutFixture, ForcedUserFontsWithoutUserCopyLoadNothing)
 {
-    host.writeSystemFile(QStringLiteral("General Report Fonts.fox"), "<ReportFonts><GeneralReports/></ReportFonts>");
+    host.writeSystemFile(QStringLiteral("General Report Fonts.fox"),
+                         "<ReportFonts><GeneralReports/></ReportFonts>");
     EXPECT_FALSE(layout()->LoadGeneralReportFonts(false).isEmpty());
     EXPECT_TRUE(layout()->LoadGeneralReportFonts(true).isEmpty());
     EXPECT_EQ(layout()->generalReportFontsDocument(true), nullptr);

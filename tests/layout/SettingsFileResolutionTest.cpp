@@ -37,12 +37,17 @@ struct Member {
 };
 
 const Member members[] = {
-    {"General Report Layout.lyx", [](ReportLayout &l, bool f) { return l.GeneralReportLayoutFile(f); }},
-    {"General Report Fonts.fox", [](ReportLayout &l, bool f) { return l.GeneralReportFontsFile(f); }},
-    {"Process Report Fonts.fox", [](ReportLayout &l, bool f) { return l.ProcessReportFontsFile(f); }},
+    {"General Report Layout.lyx",
+     [](ReportLayout &l, bool f) { return l.GeneralReportLayoutFile(f); }},
+    {"General Report Fonts.fox",
+     [](ReportLayout &l, bool f) { return l.GeneralReportFontsFile(f); }},
+    {"Process Report Fonts.fox",
+     [](ReportLayout &l, bool f) { return l.ProcessReportFontsFile(f); }},
 };
 
-class Resolution : public LayoutFixture, public ::testing::WithParamInterface<ResolutionCase> {};
+class Resolution : public LayoutFixture, public ::testing::WithParamInterface<ResolutionCase>
+{
+};
 
 TEST_P(Resolution, UserFolderBeforeSystemFolder)
 {
@@ -74,7 +79,8 @@ TEST_F(LayoutFixture, FolderWithTrailingSeparatorGetsNoSecondOne)
     host.testOptions().systemFolder += u'/';
     host.writeSystemFile(QStringLiteral("General Report Layout.lyx"), "<Definition/>");
     host.testOptions().userFolder.clear();
-    EXPECT_EQ(layout()->GeneralReportLayoutFile(false), host.systemFolder() + "General Report Layout.lyx");
+    EXPECT_EQ(layout()->GeneralReportLayoutFile(false),
+              host.systemFolder() + "General Report Layout.lyx");
 }
 
 TEST_F(LayoutFixture, WithoutHostEveryPathIsEmpty)

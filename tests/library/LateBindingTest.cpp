@@ -31,7 +31,10 @@ public:
     Q_INVOKABLE QVariant Empty() const { return QString(); }
     Q_INVOKABLE QString Throws() const { throw std::runtime_error("no"); }
     Q_INVOKABLE void Touch() { ++touched; }
-    Q_INVOKABLE QString TakesObject(QObject *o) const { return o ? o->objectName() : QStringLiteral("null"); }
+    Q_INVOKABLE QString TakesObject(QObject *o) const
+    {
+        return o ? o->objectName() : QStringLiteral("null");
+    }
     Q_INVOKABLE void Color(int c) { color = c; }
 
     QObject *m_child = nullptr;
@@ -48,13 +51,16 @@ TEST(LateBinding, ResolvesPropertiesThenMethodsAndPassesObjects)
     callee.m_child = &child;
     EXPECT_EQ(late::text(&callee, "Name"), QStringLiteral("n"));
     EXPECT_EQ(late::text(&callee, "Flag"), QStringLiteral("True"));
-    EXPECT_EQ(late::text(&callee, "Join", {QStringLiteral("a"), QStringLiteral("b")}), QStringLiteral("ab"));
+    EXPECT_EQ(late::text(&callee, "Join", {QStringLiteral("a"), QStringLiteral("b")}),
+              QStringLiteral("ab"));
     EXPECT_EQ(late::value(&callee, "Twice", {QStringLiteral("21")}).toInt(), 42);
     EXPECT_TRUE(late::call(&callee, "Touch"));
     EXPECT_EQ(callee.touched, 1);
     EXPECT_EQ(late::object(&callee, "Child"), &child);
-    EXPECT_EQ(late::text(&callee, "TakesObject", {QVariant::fromValue<QObject *>(&child)}), QStringLiteral("kid"));
-    EXPECT_EQ(late::text(&callee, "TakesObject", {QVariant::fromValue<Callee *>(&child)}), QStringLiteral("kid"));
+    EXPECT_EQ(late::text(&callee, "TakesObject", {QVariant::fromValue<QObject *>(&child)}),
+              QStringLiteral("kid"));
+    EXPECT_EQ(late::text(&callee, "TakesObject", {QVariant::fromValue<Callee *>(&child)}),
+              QStringLiteral("kid"));
     // An empty answer is not a failure.
     QVariant result;
     EXPECT_TRUE(late::call(&callee, "Empty", {}, &result));
@@ -70,12 +76,12 @@ TEST(LateBinding, FailuresGiveEmptyResults)
         QVariantList args;
     };
     const Case cases[] = {
-        {"Missing", {}},                              // no such member
-        {"Join", {QStringLiteral("only one")}},       // wrong argument count
-        {"Twice", {QStringLiteral("abc")}},           // argument does not convert
-        {"Fails", {}},                                // host reports a failed call
-        {"Throws", {}},                               // callee throws
-        {"TakesObject", {QStringLiteral("text")}},    // not an object
+        {"Missing", {}},                           // no such member
+        {"Join", {QStringLiteral("only one")}},    // wrong argument count
+        {"Twice", {QStringLiteral("abc")}},        // argument does not convert
+        {"Fails", {}},                             // host reports a failed call
+        {"Throws", {}},                            // callee throws
+        {"TakesObject", {QStringLiteral("text")}}, // not an object
     };
     for (const Case &c : cases) {
         EXPECT_FALSE(late::call(&callee, c.member, c.args, &result)) << c.member;

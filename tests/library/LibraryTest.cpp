@@ -1,5 +1,5 @@
-#include "library/Factory.h"
 #include "library/Library.h"
+#include "library/Factory.h"
 #include "library/LateBinding.h"
 
 #include <QCoreApplication>

@@ -20,7 +20,8 @@
 namespace bravcpl5 {
 namespace {
 
-const QString printers = QStringLiteral("Software\\Tarnwell\\Lumarest\\5.0\\Settings (Acme)\\Printer Configurations");
+const QString printers = QStringLiteral(
+    "Software\\Tarnwell\\Lumarest\\5.0\\Settings (Acme)\\Printer Configurations");
 const QString windows = QString::fromLatin1(WindowPositionsKey);
 
 QString get(const QString &key, const QString &name)
@@ -53,7 +54,8 @@ TEST_F(RegistryFileTest, KeysAreGroupsAPersonCanRead)
 {
     ASSERT_TRUE(set(printers, QStringLiteral("Letter"), QStringLiteral("Office-Laser")));
     ASSERT_TRUE(set(printers, QStringLiteral("Labels"), QStringLiteral("Label-Printer")));
-    ASSERT_TRUE(set(windows, QStringLiteral("frmGeneralReportFilters"), QStringLiteral("1200,2400,9000,6500")));
+    ASSERT_TRUE(set(windows, QStringLiteral("frmGeneralReportFilters"),
+                    QStringLiteral("1200,2400,9000,6500")));
     EXPECT_EQ(text(), "[Software/Tarnwell/Lumarest/5.0/Settings (Acme)/Printer Configurations]\n"
                       "Letter=Office-Laser\n"
                       "Labels=Label-Printer\n"
@@ -96,22 +98,26 @@ TEST_F(RegistryFileTest, WindowPositionNamesIgnoreCase)
 TEST_F(RegistryFileTest, EveryNameMapsToAValueOfItsOwn)
 {
     const QStringList names = {
-        "a/b", "a//b", "a///b", "x/", "x", "/x", "a\\b", "a=b", "a==", "%41", "%", "100%",
-        " lead", "trail ", "  ", "#hash", ";semi", "[group]", "line\nbreak", "cr\rlf", "tab\t",
-        "Über = x;y", "日本語", "@Variant(x)", "\"quoted\"", "General", "a%2Fb", "a%252Fb"};
+        "a/b",        "a//b",   "a///b",       "x/",         "x",           "/x",     "a\\b",
+        "a=b",        "a==",    "%41",         "%",          "100%",        " lead",  "trail ",
+        "  ",         "#hash",  ";semi",       "[group]",    "line\nbreak", "cr\rlf", "tab\t",
+        "Über = x;y", "日本語", "@Variant(x)", "\"quoted\"", "General",     "a%2Fb",  "a%252Fb"};
     for (int i = 0; i < names.size(); ++i)
-        ASSERT_TRUE(set(printers, names[i], QStringLiteral("data %1 =;# \"%2\" ").arg(i).arg(names[i])));
+        ASSERT_TRUE(
+            set(printers, names[i], QStringLiteral("data %1 =;# \"%2\" ").arg(i).arg(names[i])));
     for (int i = 0; i < names.size(); ++i)
-        EXPECT_EQ(get(printers, names[i]), QStringLiteral("data %1 =;# \"%2\" ").arg(i).arg(names[i]))
+        EXPECT_EQ(get(printers, names[i]),
+                  QStringLiteral("data %1 =;# \"%2\" ").arg(i).arg(names[i]))
             << names[i].toStdString();
     const std::string written = text();
-    EXPECT_EQ(std::count(written.begin(), written.end(), '\n'), names.size() + 1); // one line each, plus the group
+    EXPECT_EQ(std::count(written.begin(), written.end(), '\n'),
+              names.size() + 1); // one line each, plus the group
 }
 
 // Keys with awkward parts are as distinct as names are.
 TEST_F(RegistryFileTest, EveryKeyMapsToAGroupOfItsOwn)
 {
-    const QStringList keys = {"Software\\A", "Software\\A\\", "Software\\\\A", "Software/A",
+    const QStringList keys = {"Software\\A",  "Software\\A\\", "Software\\\\A", "Software/A",
                               "Software\\A]", "Software\\[A]", "Software\\%2F"};
     for (const QString &key : keys)
         ASSERT_TRUE(set(key, QStringLiteral("v"), key));
@@ -128,7 +134,9 @@ TEST_F(RegistryFileTest, AFlatFileIsMigratedWithoutLoss)
         {printers, "Über = x;y", "Label Printer, 2"},
         {printers, "@odd", "@Variant(not really)"},
         {printers, "Back\\slash", "quote \" and \\"},
-        {QStringLiteral("Software\\Tarnwell\\Lumarest\\5.0\\Settings (Home)\\Printer Configurations"), "Letter", "Home-Jet"},
+        {QStringLiteral(
+             "Software\\Tarnwell\\Lumarest\\5.0\\Settings (Home)\\Printer Configurations"),
+         "Letter", "Home-Jet"},
         {windows, "frmGeneralReportFilters", "1200,2400,9000,6500"},
         {windows, "frmGeneralReportFields", "-15,30,9000,6500"},
     };
@@ -143,8 +151,10 @@ TEST_F(RegistryFileTest, AFlatFileIsMigratedWithoutLoss)
         EXPECT_EQ(get(key, name), data) << name.toStdString();
     const std::string migrated = text();
     EXPECT_EQ(migrated.find("[General]"), std::string::npos) << migrated;
-    EXPECT_NE(migrated.find("[Software/Tarnwell/Lumarest/5.0/Settings (Home)/Printer Configurations]\nLetter=Home-Jet\n"),
-              std::string::npos) << migrated;
+    EXPECT_NE(migrated.find("[Software/Tarnwell/Lumarest/5.0/Settings (Home)/Printer "
+                            "Configurations]\nLetter=Home-Jet\n"),
+              std::string::npos)
+        << migrated;
 
     ASSERT_TRUE(set(printers, QStringLiteral("letter"), QStringLiteral("Label-Printer")));
     EXPECT_EQ(get(printers, QStringLiteral("Letter")), "Label-Printer");
@@ -155,17 +165,19 @@ TEST_F(RegistryFileTest, AFlatFileIsMigratedWithoutLoss)
 // Hand edits and damage: what can be understood is read, the rest skipped.
 TEST_F(RegistryFileTest, AHandEditedFileIsReadAsFarAsItGoes)
 {
-    test::writeFile(path, "\xEF\xBB\xBF[Software/Tarnwell/Lumarest/5.0/Settings (Acme)/Printer Configurations]\r\n"
-                          "Tabloid=Front Desk\r\n"
-                          "; written by hand\r\n"
-                          "[Software/Tarnwell/Lumarest/5.0/Settings (Acme)/Printer Configurations]\r\n"
-                          "  Letter  =  Office-Laser  \r\n"
-                          "no equals sign\r\n"
-                          "Legal=100%\r\n"
-                          "[broken\r\n"
-                          "Half=%4\n"
-                          "[]\r\n"
-                          "Nameless=group\r\n");
+    test::writeFile(
+        path,
+        "\xEF\xBB\xBF[Software/Tarnwell/Lumarest/5.0/Settings (Acme)/Printer Configurations]\r\n"
+        "Tabloid=Front Desk\r\n"
+        "; written by hand\r\n"
+        "[Software/Tarnwell/Lumarest/5.0/Settings (Acme)/Printer Configurations]\r\n"
+        "  Letter  =  Office-Laser  \r\n"
+        "no equals sign\r\n"
+        "Legal=100%\r\n"
+        "[broken\r\n"
+        "Half=%4\n"
+        "[]\r\n"
+        "Nameless=group\r\n");
     EXPECT_EQ(get(printers, QStringLiteral("Letter")), "Office-Laser");
     EXPECT_EQ(get(printers, QStringLiteral("Legal")), "100%");
     EXPECT_EQ(get(printers, QStringLiteral("Half")), "%4");
@@ -178,20 +190,26 @@ TEST_F(RegistryFileTest, AHandEditedFileIsReadAsFarAsItGoes)
 // could be read or, for a file too large to be ours, leaves it alone.
 TEST_F(RegistryFileTest, HostileFilesAreReadWithoutHarm)
 {
-    const QByteArray group = "[Software/Tarnwell/Lumarest/5.0/Settings (Acme)/Printer Configurations]\n";
-    const std::tuple<const char *, QByteArray, bool> cases[] = { // what, content, a write may replace it
+    const QByteArray group =
+        "[Software/Tarnwell/Lumarest/5.0/Settings (Acme)/Printer Configurations]\n";
+    const std::tuple<const char *, QByteArray, bool> cases[] = {
+        // what, content, a write may replace it
         {"binary", QByteArray("\0\xff\xfe[\0]=\n\x01=\x02\n", 12) + group + "Letter=\0x\n", true},
         {"one long line", QByteArray(4 << 20, '['), true},
-        {"many groups", QByteArray("[a]\n").repeated(200000) + group + "Letter=Office-Laser\n", true},
+        {"many groups", QByteArray("[a]\n").repeated(200000) + group + "Letter=Office-Laser\n",
+         true},
         {"only separators", QByteArray("=\n%\n%%%\n[]\n[/]\n=%ZZ\n").repeated(1000), true},
-        {"too large to be ours", group + "Letter=Office-Laser\n" + QByteArray(17 << 20, ';'), false},
+        {"too large to be ours", group + "Letter=Office-Laser\n" + QByteArray(17 << 20, ';'),
+         false},
     };
     for (const auto &[what, content, replaceable] : cases) {
         SCOPED_TRACE(what);
         test::writeFile(path, content);
         EXPECT_EQ(get(printers, QStringLiteral("Legal")), "<missing>");
-        EXPECT_EQ(set(printers, QStringLiteral("Legal"), QStringLiteral("Office-Laser")), replaceable);
-        EXPECT_EQ(get(printers, QStringLiteral("Legal")), replaceable ? "Office-Laser" : "<missing>");
+        EXPECT_EQ(set(printers, QStringLiteral("Legal"), QStringLiteral("Office-Laser")),
+                  replaceable);
+        EXPECT_EQ(get(printers, QStringLiteral("Legal")),
+                  replaceable ? "Office-Laser" : "<missing>");
         if (!replaceable) {
             EXPECT_EQ(test::readFile(path), content);
         }
@@ -200,14 +218,17 @@ TEST_F(RegistryFileTest, HostileFilesAreReadWithoutHarm)
 
 int valueLines(const std::string &text)
 {
-    return int(QByteArray::fromStdString(text).split('\n').count() - 2); // less the group and the end
+    return int(QByteArray::fromStdString(text).split('\n').count()
+               - 2); // less the group and the end
 }
 
 TEST_F(RegistryFileTest, TwoProcessesWritingAtOnceLoseNothing)
 {
     QProcess first, second;
-    first.start(QStringLiteral(BRAVCPL5_REGISTRY_WRITER), {path, QStringLiteral("first "), QStringLiteral("1000")});
-    second.start(QStringLiteral(BRAVCPL5_REGISTRY_WRITER), {path, QStringLiteral("second "), QStringLiteral("1000")});
+    first.start(QStringLiteral(BRAVCPL5_REGISTRY_WRITER),
+                {path, QStringLiteral("first "), QStringLiteral("1000")});
+    second.start(QStringLiteral(BRAVCPL5_REGISTRY_WRITER),
+                 {path, QStringLiteral("second "), QStringLiteral("1000")});
     ASSERT_TRUE(first.waitForFinished(300000));
     ASSERT_TRUE(second.waitForFinished(300000));
     EXPECT_EQ(first.exitCode(), 0);
@@ -255,21 +276,24 @@ TEST_P(FullRegistry, AWriteOnAFullDiskKeepsEveryEarlierValue)
     const QString previous = RegistryFile();
     SetRegistryFile(fs.filePath(QStringLiteral("HKEY_CURRENT_USER.ini")));
     for (int i = 0; i < c.size; ++i)
-        ASSERT_TRUE(set(printers, QStringLiteral("Configuration %1").arg(i), QStringLiteral("Printer %1").arg(i)));
+        ASSERT_TRUE(set(printers, QStringLiteral("Configuration %1").arg(i),
+                        QStringLiteral("Printer %1").arg(i)));
     const QByteArray before = test::readFile(RegistryFile());
     fs.fill(c.roomLeft);
 
     EXPECT_FALSE(set(printers, QStringLiteral("One more"), QString(8000, QLatin1Char('x'))));
     EXPECT_EQ(test::readFile(RegistryFile()), before);
     for (int i = 0; i < c.size; ++i)
-        EXPECT_EQ(get(printers, QStringLiteral("CONFIGURATION %1").arg(i)), QStringLiteral("Printer %1").arg(i));
+        EXPECT_EQ(get(printers, QStringLiteral("CONFIGURATION %1").arg(i)),
+                  QStringLiteral("Printer %1").arg(i));
     SetRegistryFile(previous);
 }
 
-INSTANTIATE_TEST_SUITE_P(Table, FullRegistry, ::testing::Values(
-    FullDiskCase{"Fifty_NoRoom", 50, 0, false},
-    FullDiskCase{"HundredTwenty_SomeRoom", 120, 4096, false}),
-    test::FullDiskCaseName);
+INSTANTIATE_TEST_SUITE_P(Table, FullRegistry,
+                         ::testing::Values(FullDiskCase{"Fifty_NoRoom", 50, 0, false},
+                                           FullDiskCase{"HundredTwenty_SomeRoom", 120, 4096,
+                                                        false}),
+                         test::FullDiskCaseName);
 
 } // namespace
 } // namespace bravcpl5

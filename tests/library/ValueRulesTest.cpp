@@ -13,11 +13,11 @@ const QLocale de(QLocale::German, QLocale::Germany);
 TEST(ValueRules, NumbersParseLikeThePlatform)
 {
     const std::tuple<const char *, const QLocale &, std::optional<double>> cases[] = {
-        {"12", us, 12},         {"  12.5 ", us, 12.5},   {"-3", us, -3},           {"+.125", us, 0.125},
-        {"5.", us, 5},          {"1,234.5", us, 1234.5}, {"1E3", us, 1000},        {"2.5e-1", us, 0.25},
-        {"1D2", us, 100},       {"12,5", de, 12.5},      {"1.234,5", de, 1234.5},  {"", us, {}},
-        {"   ", us, {}},        {".", us, {}},           {"abc", us, {}},          {"12abc", us, {}},
-        {"1 2", us, {}},        {"--1", us, {}},         {",5", us, {}},           {"1E", us, {}}};
+        {"12", us, 12},   {"  12.5 ", us, 12.5},   {"-3", us, -3},          {"+.125", us, 0.125},
+        {"5.", us, 5},    {"1,234.5", us, 1234.5}, {"1E3", us, 1000},       {"2.5e-1", us, 0.25},
+        {"1D2", us, 100}, {"12,5", de, 12.5},      {"1.234,5", de, 1234.5}, {"", us, {}},
+        {"   ", us, {}},  {".", us, {}},           {"abc", us, {}},         {"12abc", us, {}},
+        {"1 2", us, {}},  {"--1", us, {}},         {",5", us, {}},          {"1E", us, {}}};
     for (const auto &[text, locale, value] : cases)
         EXPECT_EQ(parseNumber(QString::fromUtf8(text), locale), value) << '"' << text << '"';
 }
@@ -26,7 +26,7 @@ TEST(ValueRules, NumbersParseLikeThePlatform)
 TEST(ValueRules, Int16RoundsHalvesToEvenAndFailsOnOverflow)
 {
     const std::pair<double, std::optional<int>> cases[] = {
-        {12.5, 12},     {13.5, 14},    {2.6, 3},          {-2.5, -2},     {-3.5, -4},  {0.4999, 0},
+        {12.5, 12},     {13.5, 14},    {2.6, 3},         {-2.5, -2},     {-3.5, -4}, {0.4999, 0},
         {32767, 32767}, {32767.5, {}}, {-32768, -32768}, {-32768.6, {}}, {70000, {}}};
     for (const auto &[value, expected] : cases) {
         const auto result = toInt16(value);
@@ -47,10 +47,18 @@ TEST(ValueRules, Int32AndSinglesHaveTheirOwnRanges)
 TEST(ValueRules, SingleTextIsTheShortest)
 {
     const std::tuple<float, const char *, const char *> cases[] = {
-        {1.5f, "1.5", "1,5"}, {0.125f, "0.125", "0,125"}, {64.0f, "64", "64"}, {0.0f, "0", "0"},
-        {0.1f, "0.1", "0,1"}, {0.1f + 0.2f, "0.3", "0,3"}, {63.95f + 0.1f, "64.05", "64,05"},
-        {-0.5f, "-0.5", "-0,5"}, {1.0f / 3.0f, "0.3333333", "0,3333333"}, {0.0001f, "0.0001", "0,0001"},
-        {0.00001f, "1E-05", "1E-05"}, {12345678.0f, "1.234568E+07", "1,234568E+07"},
+        {1.5f, "1.5", "1,5"},
+        {0.125f, "0.125", "0,125"},
+        {64.0f, "64", "64"},
+        {0.0f, "0", "0"},
+        {0.1f, "0.1", "0,1"},
+        {0.1f + 0.2f, "0.3", "0,3"},
+        {63.95f + 0.1f, "64.05", "64,05"},
+        {-0.5f, "-0.5", "-0,5"},
+        {1.0f / 3.0f, "0.3333333", "0,3333333"},
+        {0.0001f, "0.0001", "0,0001"},
+        {0.00001f, "1E-05", "1E-05"},
+        {12345678.0f, "1.234568E+07", "1,234568E+07"},
         {1234567.0f, "1234567", "1234567"}};
     for (const auto &[value, inUs, inDe] : cases) {
         EXPECT_EQ(singleToText(value, us), QString::fromUtf8(inUs));
@@ -76,10 +84,10 @@ TEST(ValueRules, ShortDatesHaveFourDigitYearsAndParseInTheLocaleOrder)
 // year ends, a leap day, both centuries, with the locale's own month names and digits.
 TEST(ValueRules, ShortDatesReadBackInEveryLocale)
 {
-    const QDate dates[] = {QDate(2024, 1, 31), QDate(2024, 2, 29), QDate(2023, 12, 31),
+    const QDate dates[] = {QDate(2024, 1, 31),  QDate(2024, 2, 29), QDate(2023, 12, 31),
                            QDate(1999, 12, 31), QDate(2030, 6, 1),  QDate(2024, 3, 1)};
-    const QList<QLocale> locales =
-        QLocale::matchingLocales(QLocale::AnyLanguage, QLocale::AnyScript, QLocale::AnyTerritory);
+    const QList<QLocale> locales = QLocale::matchingLocales(
+        QLocale::AnyLanguage, QLocale::AnyScript, QLocale::AnyTerritory);
     ASSERT_GT(locales.size(), 300);
     QStringList failures;
     for (const QLocale &locale : locales) {
@@ -89,8 +97,8 @@ TEST(ValueRules, ShortDatesReadBackInEveryLocale)
                 failures << locale.name() + ": " + text;
         }
     }
-    EXPECT_TRUE(failures.isEmpty()) << failures.size() << " failures, e.g. "
-                                    << failures.mid(0, 10).join(" | ").toStdString();
+    EXPECT_TRUE(failures.isEmpty())
+        << failures.size() << " failures, e.g. " << failures.mid(0, 10).join(" | ").toStdString();
     // The C locale writes month names; Arabic in Egypt its own digits.
     EXPECT_EQ(toShortDate(QDate(2024, 3, 1), QLocale::c()), QStringLiteral("1 Mar 2024"));
     EXPECT_EQ(parseShortDate(QStringLiteral("١/٣/٢٠٢٤"), QLocale(QLocale::Arabic, QLocale::Egypt)),

@@ -46,14 +46,15 @@ TEST_P(FullDisk, ASaveThatDoesNotFitLeavesTheOldFileWhole)
     EXPECT_EQ(entries(QFileInfo(path).path()), QStringList({"filler", "Orders.rpx"}));
 }
 
-INSTANTIATE_TEST_SUITE_P(Table, FullDisk, ::testing::Values(
-    FullDiskCase{"Small_NoRoom", 3 * 1024, 0, false},
-    FullDiskCase{"Medium_NoRoom", 10 * 1024, 0, false},
-    FullDiskCase{"Large_NoRoom", 200 * 1024, 0, false},
-    FullDiskCase{"Medium_SomeRoom", 10 * 1024, 4096, false},
-    FullDiskCase{"Large_SomeRoom", 200 * 1024, 8192, false},
-    FullDiskCase{"Small_RoomEnough", 3 * 1024, 16 * 1024, true}),
-    test::FullDiskCaseName);
+INSTANTIATE_TEST_SUITE_P(Table, FullDisk,
+                         ::testing::Values(FullDiskCase{"Small_NoRoom", 3 * 1024, 0, false},
+                                           FullDiskCase{"Medium_NoRoom", 10 * 1024, 0, false},
+                                           FullDiskCase{"Large_NoRoom", 200 * 1024, 0, false},
+                                           FullDiskCase{"Medium_SomeRoom", 10 * 1024, 4096, false},
+                                           FullDiskCase{"Large_SomeRoom", 200 * 1024, 8192, false},
+                                           FullDiskCase{"Small_RoomEnough", 3 * 1024, 16 * 1024,
+                                                        true}),
+                         test::FullDiskCaseName);
 
 // A folder where users may change files but not create them: the save goes in place.
 TEST(WholeFile, WritesInPlaceWhereTheFolderTakesNoNewFiles)
@@ -77,7 +78,8 @@ TEST(WholeFile, WritesInPlaceWhereTheFolderTakesNoNewFiles)
 TEST(WholeFile, ASaveThatCannotGoAnywhereLeavesTheFileWhole)
 {
     using Prepare = std::function<bool(test::SmallFileSystem &, const QString &)>;
-    const std::tuple<const char *, Prepare, qint64> cases[] = { // what, preparation, new size
+    const std::tuple<const char *, Prepare, qint64> cases[] = {
+        // what, preparation, new size
         {"in place on a full disk",
          [](test::SmallFileSystem &fs, const QString &path) {
              fs.fill();
@@ -85,9 +87,11 @@ TEST(WholeFile, ASaveThatCannotGoAnywhereLeavesTheFileWhole)
          },
          40000},
         {"a read-only file, smaller",
-         [](test::SmallFileSystem &fs, const QString &path) { return fs.makeReadOnly(path); }, 1000},
+         [](test::SmallFileSystem &fs, const QString &path) { return fs.makeReadOnly(path); },
+         1000},
         {"a read-only file, larger",
-         [](test::SmallFileSystem &fs, const QString &path) { return fs.makeReadOnly(path); }, 9000},
+         [](test::SmallFileSystem &fs, const QString &path) { return fs.makeReadOnly(path); },
+         9000},
     };
     for (const auto &[what, prepare, size] : cases) {
         test::SmallFileSystem fs(256 * 1024);

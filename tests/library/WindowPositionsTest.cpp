@@ -84,7 +84,8 @@ TEST(WindowPositions, AShownDialogsFrameKeepsTheRecord)
             form.show();
             ASSERT_TRUE(QTest::qWaitForWindowExposed(&form));
             EXPECT_TRUE(QTest::qWaitFor(
-                [&, frame = frame]() { return form.windowHandle()->frameGeometry() == frame; }, 1000))
+                [&, frame = frame]() { return form.windowHandle()->frameGeometry() == frame; },
+                1000))
                 << "round " << round;
             SaveWindowPosition(QStringLiteral("frmFramed"), &form);
             EXPECT_EQ(stored(QStringLiteral("frmFramed")).toStdString(), record)

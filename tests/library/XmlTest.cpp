@@ -5,8 +5,8 @@
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
-#include <gtest/gtest.h>
 #include <csignal>
+#include <gtest/gtest.h>
 #include <optional>
 #include <string_view>
 #include <sys/resource.h>
@@ -21,8 +21,10 @@ XmlDocumentPtr load(const char *text) { return LoadXmlText(QString::fromUtf8(tex
 
 TEST(Xml, IntegersReadThroughTheValueRules)
 {
-    const std::pair<const char *, std::int16_t> cases[] = { // stored, read with 7 as the default
-        {"12.5", 12}, {"13.5", 14}, {"abc", 7}, {"70000", 0}, {"", 7}, {" -3 ", -3}, {"1,000", 1000}};
+    const std::pair<const char *, std::int16_t> cases[] = {
+        // stored, read with 7 as the default
+        {"12.5", 12}, {"13.5", 14}, {"abc", 7},     {"70000", 0},
+        {"", 7},      {" -3 ", -3}, {"1,000", 1000}};
     for (const auto &[stored, expected] : cases) {
         auto doc = LoadXmlText(QStringLiteral("<R><V>%1</V></R>").arg(QString::fromUtf8(stored)));
         ASSERT_TRUE(doc);
@@ -42,10 +44,12 @@ TEST(Xml, ValueReadsTakeTheDefaultWhenNothingIsThere)
     EXPECT_EQ(GetXmlValue(QStringLiteral("//[bad"), *doc, d), d);
     EXPECT_FLOAT_EQ(GetXmlSingle(QStringLiteral("//Empty"), *doc, 0.125f), 0.125f);
     // An attribute that is present but empty reads as empty, not as the default.
-    EXPECT_EQ(GetXmlAttribute(doc->document_element().child("A"), QStringLiteral("b"), d), QString());
+    EXPECT_EQ(GetXmlAttribute(doc->document_element().child("A"), QStringLiteral("b"), d),
+              QString());
     EXPECT_EQ(GetXmlAttribute(doc->document_element().child("A"), QStringLiteral("c"), d), d);
     // A literally typed escape comes back as a line break.
-    EXPECT_EQ(GetXmlValue(QStringLiteral("//T"), *load("<R><T>a&amp;#13;b</T></R>"), QString()), QStringLiteral("a\rb"));
+    EXPECT_EQ(GetXmlValue(QStringLiteral("//T"), *load("<R><T>a&amp;#13;b</T></R>"), QString()),
+              QStringLiteral("a\rb"));
 }
 
 TEST(Xml, TwoLineValueRoundTripsAndIsSavedEscaped)
@@ -70,7 +74,8 @@ TEST(Xml, NodesAreFoundByExactNameAndOnlyTheFirstNamesakeIsWritten)
 {
     auto doc = load("<R a=\"1\"><!--c-->text<v/><V>1</V><V id=\"2\">2</V></R>");
     const pugi::xml_node root = doc->document_element();
-    EXPECT_EQ(GetXmlAttribute(FindChildNode(root, QStringLiteral("V")), QStringLiteral("id"), QStringLiteral("first")),
+    EXPECT_EQ(GetXmlAttribute(FindChildNode(root, QStringLiteral("V")), QStringLiteral("id"),
+                              QStringLiteral("first")),
               QStringLiteral("first"));
     SetXmlInteger(QStringLiteral("V"), 9, root);
     EXPECT_EQ(NodeText(SelectSingleNode(*doc, QStringLiteral("//V[1]"))), QStringLiteral("9"));
@@ -97,9 +102,12 @@ TEST(Xml, FilesThatAreNotDocumentsLoadAsNothing)
     QByteArray binary;
     for (int i = 0; i < 4096; ++i)
         binary.append(char((i * 131) & 0xff));
-    const std::tuple<const char *, QByteArray, bool> cases[] = { // name, content, parse error
-        {"empty.xml", QByteArray(), false},   {"malformed.xml", "<R><open></R>", true},
-        {"text.xml", "just words", true},     {"binary.xml", binary, true},
+    const std::tuple<const char *, QByteArray, bool> cases[] = {
+        // name, content, parse error
+        {"empty.xml", QByteArray(), false},
+        {"malformed.xml", "<R><open></R>", true},
+        {"text.xml", "just words", true},
+        {"binary.xml", binary, true},
         {"huge.xml", QByteArray(50 * 1024 * 1024, 'x'), false}};
     QTemporaryDir dir;
     for (const auto &[name, content, parseError] : cases) {
@@ -128,7 +136,8 @@ std::optional<bool> saveUnprivileged(const pugi::xml_document &doc, const QStrin
         _exit(SaveXmlDocument(doc, path) ? 0 : 1);
     }
     int status = 0;
-    if (child < 0 || waitpid(child, &status, 0) != child || !WIFEXITED(status) || WEXITSTATUS(status) == 2)
+    if (child < 0 || waitpid(child, &status, 0) != child || !WIFEXITED(status)
+        || WEXITSTATUS(status) == 2)
         return std::nullopt;
     return WEXITSTATUS(status) == 0;
 }
@@ -141,9 +150,11 @@ TEST(Xml, AFailedSaveLeavesThePreviousFile)
         SCOPED_TRACE(how);
         QTemporaryDir dir;
         const QString folder = dir.filePath(QStringLiteral("settings"));
-        const QString path = test::writeFile(QDir(folder).filePath(QStringLiteral("a.xml")), "<old/>");
+        const QString path = test::writeFile(QDir(folder).filePath(QStringLiteral("a.xml")),
+                                             "<old/>");
         auto doc = CreateXmlDocument(QStringLiteral("New"));
-        SetXmlValue(QStringLiteral("Big"), QString(200000, QLatin1Char('x')), doc->document_element());
+        SetXmlValue(QStringLiteral("Big"), QString(200000, QLatin1Char('x')),
+                    doc->document_element());
         if (how == std::string_view("read-only folder")) {
             const auto readAndEnter = QFile::ReadOwner | QFile::ExeOwner | QFile::ReadGroup
                                       | QFile::ExeGroup | QFile::ReadOther | QFile::ExeOther;
@@ -167,7 +178,8 @@ TEST(Xml, AFailedSaveLeavesThePreviousFile)
             EXPECT_FALSE(SaveXmlDocument(*doc, path));
             setrlimit(RLIMIT_FSIZE, &old);
         } else {
-            EXPECT_FALSE(SaveXmlDocument(*doc, QDir(folder).filePath(QStringLiteral("missing/a.xml"))));
+            EXPECT_FALSE(
+                SaveXmlDocument(*doc, QDir(folder).filePath(QStringLiteral("missing/a.xml"))));
         }
         EXPECT_EQ(test::readFile(path), QByteArray("<old/>"));
         EXPECT_EQ(QDir(folder).entryList(QDir::Files), QStringList{QStringLiteral("a.xml")})

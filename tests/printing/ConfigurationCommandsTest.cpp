@@ -47,7 +47,8 @@ TEST(ConfigurationCommandsTest, ThePrinterBarHoldsItsCommandsInOrder)
         captions << CommandCaption(command);
     }
     EXPECT_EQ(ids, QList<int>({1004, 1003, 1006, 1005, 1002}));
-    EXPECT_EQ(captions, QStringList({"Page Setup", "Printer Properties", "Copy", "Delete", "Refresh"}));
+    EXPECT_EQ(captions,
+              QStringList({"Page Setup", "Printer Properties", "Copy", "Delete", "Refresh"}));
 }
 
 TEST(ConfigurationCommandsTest, NamesThatWouldLeaveTheFolderOrNameADeviceAreRefused)
@@ -75,13 +76,16 @@ TEST(ConfigurationCommandsTest, NamesThatWouldLeaveTheFolderOrNameADeviceAreRefu
     };
     for (const auto &[name, refusal] : names)
         EXPECT_EQ(CheckConfigurationName(QString::fromUtf8(name)), refusal) << name;
-    EXPECT_EQ(CheckConfigurationName(QString(QChar(0)) + QStringLiteral("x")), NameRefusal::Characters);
+    EXPECT_EQ(CheckConfigurationName(QString(QChar(0)) + QStringLiteral("x")),
+              NameRefusal::Characters);
 
     EXPECT_EQ(RenameRefusalMessage(NameRefusal::Characters, QStringLiteral("a/b")),
-              "The printer configuration cannot be renamed to 'a/b' because a name cannot contain any of these "
+              "The printer configuration cannot be renamed to 'a/b' because a name cannot contain "
+              "any of these "
               "characters: \\ / : * ? \" < > |");
     EXPECT_EQ(RenameRefusalMessage(NameRefusal::Reserved, QStringLiteral("CON")),
-              "The printer configuration cannot be renamed to 'CON' because that name is reserved by the system.");
+              "The printer configuration cannot be renamed to 'CON' because that name is reserved "
+              "by the system.");
     EXPECT_EQ(RenameRefusalMessage(NameRefusal::Empty, QStringLiteral(" ")),
               "The printer configuration must have a name.");
 }
@@ -90,10 +94,12 @@ TEST(ConfigurationCommandsTest, RenameKeepsTheFolderAndExtension)
 {
     EXPECT_EQ(RenameTarget(QStringLiteral("/s/Reports/Letter.pcx"), QStringLiteral("Invoices")),
               "/s/Reports/Invoices.pcx");
-    EXPECT_EQ(RenameTarget(QStringLiteral("/s/Reports/Letter.v2.PCX"), QStringLiteral("A")), "/s/Reports/A.PCX");
-    EXPECT_EQ(RenameExistsMessage(QStringLiteral("/s/Reports/Invoices.pcx")),
-              "The printer configuration cannot be renamed becuase a printer configuration with the name "
-              "'/s/Reports/Invoices.pcx' already exists.");
+    EXPECT_EQ(RenameTarget(QStringLiteral("/s/Reports/Letter.v2.PCX"), QStringLiteral("A")),
+              "/s/Reports/A.PCX");
+    EXPECT_EQ(
+        RenameExistsMessage(QStringLiteral("/s/Reports/Invoices.pcx")),
+        "The printer configuration cannot be renamed becuase a printer configuration with the name "
+        "'/s/Reports/Invoices.pcx' already exists.");
 }
 
 TEST(ConfigurationCommandsTest, CopiesGoToTheUserFolderWithoutOverwriting)
@@ -101,13 +107,18 @@ TEST(ConfigurationCommandsTest, CopiesGoToTheUserFolderWithoutOverwriting)
     QSet<QString> files;
     const auto exists = [&](const QString &path) { return files.contains(path); };
     // A shared configuration becomes the user's of the same name.
-    EXPECT_EQ(CopyTarget(QStringLiteral("/s/Letter.pcx"), QStringLiteral("/u"), exists), "/u/Letter.pcx");
-    EXPECT_EQ(CopyTarget(QStringLiteral("/s/Letter.pcx"), QStringLiteral("/u/"), exists), "/u/Letter.pcx");
+    EXPECT_EQ(CopyTarget(QStringLiteral("/s/Letter.pcx"), QStringLiteral("/u"), exists),
+              "/u/Letter.pcx");
+    EXPECT_EQ(CopyTarget(QStringLiteral("/s/Letter.pcx"), QStringLiteral("/u/"), exists),
+              "/u/Letter.pcx");
     // A user configuration, or a shared one already copied, gets numbered copies.
     files = {"/u/Letter.pcx"};
-    EXPECT_EQ(CopyTarget(QStringLiteral("/u/Letter.pcx"), QStringLiteral("/u"), exists), "/u/Letter - Copy.pcx");
-    files << "/u/Letter - Copy.pcx" << "/u/Letter - Copy (2).pcx";
-    EXPECT_EQ(CopyTarget(QStringLiteral("/s/Letter.pcx"), QStringLiteral("/u"), exists), "/u/Letter - Copy (3).pcx");
+    EXPECT_EQ(CopyTarget(QStringLiteral("/u/Letter.pcx"), QStringLiteral("/u"), exists),
+              "/u/Letter - Copy.pcx");
+    files << "/u/Letter - Copy.pcx"
+          << "/u/Letter - Copy (2).pcx";
+    EXPECT_EQ(CopyTarget(QStringLiteral("/s/Letter.pcx"), QStringLiteral("/u"), exists),
+              "/u/Letter - Copy (3).pcx");
     EXPECT_EQ(CopyTarget(QString(), QStringLiteral("/u"), exists), QString());
     EXPECT_EQ(CopyTarget(QStringLiteral("/s/Letter.pcx"), QString(), exists), QString());
 }

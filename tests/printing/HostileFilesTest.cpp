@@ -26,19 +26,22 @@ TEST_P(HostileFiles, DeeplyNestedSettingsReadAsNothing)
 {
     const int levels = GetParam();
     host.writeSystemFile(QStringLiteral("Deep.pcx"),
-                         "<PrinterConfiguration><Identification><System>" + nested(levels, "1") +
-                             "</System></Identification><PageSetup><TopMargin>" + nested(levels, "2") +
-                             "</TopMargin></PageSetup></PrinterConfiguration>");
+                         "<PrinterConfiguration><Identification><System>" + nested(levels, "1")
+                             + "</System></Identification><PageSetup><TopMargin>"
+                             + nested(levels, "2")
+                             + "</TopMargin></PageSetup></PrinterConfiguration>");
     host.writeSystemFile(QStringLiteral("General Report Layout.lyx"),
                          "<Definition><Header>" + nested(levels, "") + "</Header></Definition>");
     host.writeSystemFile(QStringLiteral("General Report Fonts.fox"),
-                         "<ReportFonts><GeneralReports>" + nested(levels, "<Font type=\"1\" size=\"30\"/>") +
-                             "</GeneralReports></ReportFonts>");
+                         "<ReportFonts><GeneralReports>"
+                             + nested(levels, "<Font type=\"1\" size=\"30\"/>")
+                             + "</GeneralReports></ReportFonts>");
 
     EXPECT_FALSE(store->PrinterConfigurationIsSystem(QStringLiteral("Deep")));
     FakeReport report;
     EXPECT_FALSE(store->SetupPageFromPrinterConfiguration(QStringLiteral("Deep"), &report));
-    EXPECT_FALSE(report.writes.join(' ').contains("TopMargin")) << report.writes.join(' ').toStdString();
+    EXPECT_FALSE(report.writes.join(' ').contains("TopMargin"))
+        << report.writes.join(' ').toStdString();
     ReportLayout *layout = library.reportLayout();
     EXPECT_EQ(layout->LoadGeneralReportLayout(), QString());
     EXPECT_EQ(layout->LoadGeneralReportFonts(), QString());
@@ -63,22 +66,26 @@ TEST_F(StoreFixture, DocumentsUpToSixtyFourLevelsLoadAndSaveAtAboutTheirOwnSize)
     // Shallow documents stay indented for people to read.
     const XmlDocumentPtr shallow = LoadXmlText(QStringLiteral("<R><A><B>x</B></A></R>"));
     ASSERT_TRUE(shallow);
-    EXPECT_EQ(XmlDocumentText(*shallow), "<?xml version=\"1.0\"?>\n<R>\n  <A>\n    <B>x</B>\n  </A>\n</R>\n");
+    EXPECT_EQ(XmlDocumentText(*shallow),
+              "<?xml version=\"1.0\"?>\n<R>\n  <A>\n    <B>x</B>\n  </A>\n</R>\n");
 }
 
 TEST_F(StoreFixture, AnEditorsUtf16FileLoadsAndAMalformedOneSaysWhere)
 {
-    const QString xml = QStringLiteral("<PrinterConfiguration><Identification><System>1</System>"
-                                       "</Identification><Note>Größe ½</Note></PrinterConfiguration>");
+    const QString xml = QStringLiteral(
+        "<PrinterConfiguration><Identification><System>1</System>"
+        "</Identification><Note>Größe ½</Note></PrinterConfiguration>");
     for (const auto encoding : {QStringConverter::Utf16LE, QStringConverter::Utf16BE}) {
         QStringEncoder encoder(encoding, QStringConverter::Flag::WriteBom);
         host.writeSystemFile(QStringLiteral("Wide.pcx"), encoder.encode(xml));
         EXPECT_TRUE(store->PrinterConfigurationIsSystem(QStringLiteral("Wide")));
-        const XmlDocumentPtr document = LoadXmlFile(store->GetPrinterConfigurationFileFromName("Wide"));
+        const XmlDocumentPtr document = LoadXmlFile(
+            store->GetPrinterConfigurationFileFromName("Wide"));
         ASSERT_TRUE(document);
         EXPECT_EQ(GetXmlValue(QStringLiteral("//Note"), *document, {}), QStringLiteral("Größe ½"));
     }
-    const QString broken = host.writeSystemFile(QStringLiteral("Broken.pcx"), "<PrinterConfiguration><System>1</Sys>");
+    const QString broken = host.writeSystemFile(QStringLiteral("Broken.pcx"),
+                                                "<PrinterConfiguration><System>1</Sys>");
     EXPECT_FALSE(LoadXmlFile(broken));
     EXPECT_TRUE(LastXmlError().endsWith("at offset 33")) << LastXmlError().toStdString();
 }

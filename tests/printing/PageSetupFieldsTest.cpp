@@ -30,8 +30,10 @@ TEST_P(SpinnerTest, StepsWithinTheFieldsLimitsInSinglePrecision)
     const Step &s = GetParam();
     const FieldLimits &limits = LimitsOf(s.field);
     const QString text = QString::fromUtf8(s.text);
-    const QString result = s.direction > 0 ? IncrementFieldValue(limits.step, limits.minimum, limits.maximum, text)
-                                           : DecrementFieldValue(limits.step, limits.minimum, limits.maximum, text);
+    const QString result = s.direction > 0 ? IncrementFieldValue(limits.step, limits.minimum,
+                                                                 limits.maximum, text)
+                                           : DecrementFieldValue(limits.step, limits.minimum,
+                                                                 limits.maximum, text);
     EXPECT_EQ(result, QString::fromUtf8(s.expected)) << limits.name << " " << s.text;
 }
 
@@ -107,7 +109,8 @@ TEST(PageSetupFieldsTest, PreviewRecordReadsLeadingNumbersInTwipsAndTurnsLandsca
 TEST(PageSetupFieldsTest, PaperLengthsShowInInchesToThreePlaces)
 {
     const std::pair<int, const char *> lengths[] = {
-        {12240, "8.5"}, {15840, "11"}, {11906, "8.268"}, {16838, "11.693"}, {5940, "4.125"}, {1, "0.001"}, {0, "0"}};
+        {12240, "8.5"},  {15840, "11"}, {11906, "8.268"}, {16838, "11.693"},
+        {5940, "4.125"}, {1, "0.001"},  {0, "0"}};
     for (const auto &[twips, text] : lengths)
         EXPECT_EQ(PaperLengthText(twips), QString::fromLatin1(text)) << twips;
 }

@@ -38,21 +38,56 @@ TEST(PageSetupPreview, RejectsPagesThatCannotBeLaidOut)
         int rectangles = -1; // -1: not counted
     } cases[] = {
         {"letterFits", false, [](PageSetupPreviewInfo &) {}},
-        {"marginsFillTheHeight", true, [](auto &i) { i.TopMargin = 5 * inch; i.BottomMargin = 6 * inch; }},
+        {"marginsFillTheHeight", true,
+         [](auto &i) {
+             i.TopMargin = 5 * inch;
+             i.BottomMargin = 6 * inch;
+         }},
         {"gutterFillsTheWidth", true, [](auto &i) { i.Gutter = 6.5f * inch; }},
         // The label checks run whatever is drawn: 2 + 2.875 + 3.5 inches fit, 2 + 3 + 3.5 do not.
         {"gutterBesideLabelsFits", false, [](auto &i) { i.Gutter = 2.875f * inch; }},
         {"gutterBesideLabelsTooWide", true, [](auto &i) { i.Gutter = 3 * inch; }},
         // Rows are counted as columns: eight columns of one-inch labels pass, nine do not.
-        {"eightColumnsAsRows", false, [](auto &i) { i.ColumnsPerSheet = 8; i.LabelWidth = 0.5f * inch; i.HorizontalGap = 0; }},
-        {"nineColumnsAsRows", true, [](auto &i) { i.ColumnsPerSheet = 9; i.LabelWidth = 0.5f * inch; i.HorizontalGap = 0; }},
+        {"eightColumnsAsRows", false,
+         [](auto &i) {
+             i.ColumnsPerSheet = 8;
+             i.LabelWidth = 0.5f * inch;
+             i.HorizontalGap = 0;
+         }},
+        {"nineColumnsAsRows", true,
+         [](auto &i) {
+             i.ColumnsPerSheet = 9;
+             i.LabelWidth = 0.5f * inch;
+             i.HorizontalGap = 0;
+         }},
         {"labelsTooWide", true, [](auto &i) { i.ColumnsPerSheet = 2; }},
-        {"verticalGapsTooTall", true, [](auto &i) { i.ColumnsPerSheet = 2; i.LabelWidth = inch; i.VerticalGap = 7.5f * inch; }},
+        {"verticalGapsTooTall", true,
+         [](auto &i) {
+             i.ColumnsPerSheet = 2;
+             i.LabelWidth = inch;
+             i.VerticalGap = 7.5f * inch;
+         }},
         // 16777215 + 0.5 is below 2^24, but as a single it is 2^24 itself: invalid.
-        {"sumRoundedToSingle", true, [](auto &i) { i.PaperHeight = 16777216; i.TopMargin = 16777215; i.BottomMargin = 0.5f; }},
-        // Background, shadow, sheet, printable area and one label: rows that do not move are drawn once.
-        {"unmovingRowsDrawnOnce", false, [](auto &i) { i.ShowLabels = true; i.LabelHeight = 0; }, 5},
-        {"overflowEndsTheDrawing", false, [](auto &i) { i.LabelWidth = 3e38f; i.ColumnsPerSheet = 2; }, 1},
+        {"sumRoundedToSingle", true,
+         [](auto &i) {
+             i.PaperHeight = 16777216;
+             i.TopMargin = 16777215;
+             i.BottomMargin = 0.5f;
+         }},
+        // Background, shadow, sheet, printable area and one label: rows that do not move are drawn
+        // once.
+        {"unmovingRowsDrawnOnce", false,
+         [](auto &i) {
+             i.ShowLabels = true;
+             i.LabelHeight = 0;
+         },
+         5},
+        {"overflowEndsTheDrawing", false,
+         [](auto &i) {
+             i.LabelWidth = 3e38f;
+             i.ColumnsPerSheet = 2;
+         },
+         1},
     };
     for (const auto &c : cases) {
         PageSetupPreviewInfo info = letter();
@@ -69,8 +104,12 @@ TEST(PageSetupPreview, RejectsPagesThatCannotBeLaidOut)
 QString describe(const DrawnRectangle &r)
 {
     return QStringLiteral("%1,%2 %3,%4 %5/%6 %7")
-        .arg(r.from.x(), 0, 'f', 1).arg(r.from.y(), 0, 'f', 1).arg(r.to.x(), 0, 'f', 1).arg(r.to.y(), 0, 'f', 1)
-        .arg(r.outline.name(), r.fill.name()).arg(int(r.style));
+        .arg(r.from.x(), 0, 'f', 1)
+        .arg(r.from.y(), 0, 'f', 1)
+        .arg(r.to.x(), 0, 'f', 1)
+        .arg(r.to.y(), 0, 'f', 1)
+        .arg(r.outline.name(), r.fill.name())
+        .arg(int(r.style));
 }
 
 // Margins of 64 inches all round.
@@ -82,7 +121,8 @@ TEST(PageSetupPreview, InvalidSettingsAreWrittenAtTheTopLeft)
     DrawPageSetupPreview(info, surface);
 
     ASSERT_EQ(surface.rectangles.size(), 1); // the clearing only
-    EXPECT_EQ(describe(surface.rectangles[0]), describe({{0, 0}, {2700, 3000}, background, background, FillStyle::Solid}));
+    EXPECT_EQ(describe(surface.rectangles[0]),
+              describe({{0, 0}, {2700, 3000}, background, background, FillStyle::Solid}));
     ASSERT_EQ(surface.texts.size(), 1);
     EXPECT_EQ(surface.texts[0].text, "Invalid Settings");
     EXPECT_EQ(surface.texts[0].at, QPointF(100, 100));
@@ -115,7 +155,10 @@ TEST(PageSetupPreview, DrawsShadowSheetGutterAndPrintableAreaCentred)
         {{x0 + 30, y0 + 30}, {x1 + 30, y1 + 30}, grey, grey, FillStyle::Solid},
         {{x0, y0}, {x1, y1}, black, Qt::white, FillStyle::Solid},
         {{x0, y0}, {x0 + s * 720, y1}, black, black, FillStyle::DiagonalCross},
-        {{x0 + s * 720 + s * 1440, y0 + s * 1440}, {x1 - s * 1440, y1 - s * 1440}, black, QColor(0xF5, 0xF5, 0xF5),
+        {{x0 + s * 720 + s * 1440, y0 + s * 1440},
+         {x1 - s * 1440, y1 - s * 1440},
+         black,
+         QColor(0xF5, 0xF5, 0xF5),
          FillStyle::Solid}};
     QStringList drawn, wanted;
     for (const DrawnRectangle &r : surface.rectangles)
@@ -180,7 +223,7 @@ TEST(PageSetupPreview, PaintsOnAnImage)
     EXPECT_EQ(plain.pixelColor(90, 100), QColor(0xF5, 0xF5, 0xF5)); // printable area
     // Sheet: 0.17 of 12240 by 15840 twips is 139 by 180 pixels, centred.
     EXPECT_EQ(plain.pixelColor(90, 15), QColor(Qt::white)); // top margin
-    EXPECT_EQ(plain.pixelColor(175, 100), background);       // beyond the shadow
+    EXPECT_EQ(plain.pixelColor(175, 100), background);      // beyond the shadow
 
     PageSetupPreviewInfo info = letter();
     std::swap(info.PaperWidth, info.PaperHeight);
@@ -194,7 +237,8 @@ TEST(PageSetupPreview, PaintsOnAnImage)
     info = letter();
     info.TopMargin = info.BottomMargin = 64 * inch;
     const QImage invalid = render(info, QStringLiteral("preview-invalid.png"));
-    EXPECT_GT(pixelsWhere(invalid, invalid.rect(), [](int grey) { return grey < 100; }), 20); // the text
+    EXPECT_GT(pixelsWhere(invalid, invalid.rect(), [](int grey) { return grey < 100; }),
+              20); // the text
     EXPECT_EQ(invalid.pixelColor(150, 180), background);
 }
 

@@ -1,7 +1,7 @@
 // Reading and writing the page setup document as the page setup dialog's fields.
 
-#include "library/Xml.h"
 #include "printing/PageSetup.h"
+#include "library/Xml.h"
 #include "printing/PrinterInfo.h"
 #include "support/StoreFixture.h"
 
@@ -19,7 +19,10 @@ struct DefaultPrinter final : PrinterInfo {
     QString defaultPrinterName() const override { return name; }
     QList<PaperSizeInfo> paperSizes(const QString &) const override { return {}; }
     QList<PaperBinInfo> paperBins(const QString &) const override { return {}; }
-    int currentPaperSize(const QString &printer) const override { return printer == name ? size : 0; }
+    int currentPaperSize(const QString &printer) const override
+    {
+        return printer == name ? size : 0;
+    }
     int currentPaperBin(const QString &printer) const override { return printer == name ? bin : 0; }
 };
 
@@ -59,7 +62,9 @@ protected:
         const XmlDocumentPtr xml = LoadXmlFile(path);
         QStringList texts;
         for (const QString &element : elements)
-            texts << (xml ? NodeText(SelectSingleNode(*xml, QStringLiteral("//PageSetup/") + element)) : QString());
+            texts << (xml ? NodeText(
+                          SelectSingleNode(*xml, QStringLiteral("//PageSetup/") + element))
+                          : QString());
         return texts;
     }
 
@@ -71,7 +76,8 @@ TEST_F(PageSetupTest, AnEmptyPageSetupReadsTheDefaultsWhichFollowTheDefaultPrint
     configure("");
     // Letter and Auto are the default printer's current paper and bin; the paper's width
     // and height are left to the chosen paper.
-    const PageSetup defaults{"1", "1", "1", "1", "0", false, false, 1, "", "", 7, "1", 0, ".125", "0", "3.5", "1"};
+    const PageSetup defaults{"1", "1", "1", "1", "0",    false, false, 1,  "",
+                             "",  7,   "1", 0,   ".125", "0",   "3.5", "1"};
     EXPECT_TRUE(read() == defaults);
 
     printer->size = 9; // A4
@@ -100,14 +106,21 @@ TEST_F(PageSetupTest, SelectsTheStoredCodeElseTheFirst)
         PageSetupChoices choices;
         std::optional<int> paperSize, paperSource, printDirection;
     } cases[] = {
-        {"stored", "<PaperSize>5</PaperSize><PaperSource>4</PaperSource><PrintDirection>1</PrintDirection>",
+        {"stored",
+         "<PaperSize>5</PaperSize><PaperSource>4</PaperSource><PrintDirection>1</PrintDirection>",
          officeLaser, 5, 4, 1},
-        {"unknown", "<PaperSize>70</PaperSize><PaperSource>99</PaperSource><PrintDirection>3</PrintDirection>",
+        {"unknown",
+         "<PaperSize>70</PaperSize><PaperSource>99</PaperSource><PrintDirection>3</PrintDirection>",
          officeLaser, 1, 1, 0},
-        {"notNumeric", "<PaperSize>A4</PaperSize><PaperSource>x</PaperSource>", officeLaser, 1, 7, 0},
+        {"notNumeric", "<PaperSize>A4</PaperSize><PaperSource>x</PaperSource>", officeLaser, 1, 7,
+         0},
         {"emptyLists", "<PaperSize>5</PaperSize>", {}, std::nullopt, std::nullopt, std::nullopt},
-        {"labelPrinter", "<PaperSize>257</PaperSize><PaperSource>257</PaperSource>", {{256, 257}, {256, 257}, {0}},
-         257, 257, 0}};
+        {"labelPrinter",
+         "<PaperSize>257</PaperSize><PaperSource>257</PaperSource>",
+         {{256, 257}, {256, 257}, {0}},
+         257,
+         257,
+         0}};
     for (const auto &c : cases) {
         SCOPED_TRACE(c.name);
         configure(c.pageSetup);
@@ -123,8 +136,10 @@ TEST_F(PageSetupTest, PaperWidthAndHeightAreReadOnlyForCustomSizes)
     PageSetup chosen;
     chosen.paperWidth = QStringLiteral("8.5"); // what choosing Letter put there
     chosen.paperHeight = QStringLiteral("11");
-    for (const auto &[size, width, height] : {std::tuple{"1", "8.5", "11"}, std::tuple{"256", "4.25", "6"}}) {
-        configure(QByteArray("<PaperSize>") + size + "</PaperSize><PaperWidth>4.25</PaperWidth><PaperHeight>6</PaperHeight>");
+    for (const auto &[size, width, height] :
+         {std::tuple{"1", "8.5", "11"}, std::tuple{"256", "4.25", "6"}}) {
+        configure(QByteArray("<PaperSize>") + size
+                  + "</PaperSize><PaperWidth>4.25</PaperWidth><PaperHeight>6</PaperHeight>");
         const PageSetup f = read(officeLaser, chosen);
         EXPECT_EQ(f.paperWidth, width) << size;
         EXPECT_EQ(f.paperHeight, height) << size;
@@ -133,8 +148,9 @@ TEST_F(PageSetupTest, PaperWidthAndHeightAreReadOnlyForCustomSizes)
 
 TEST_F(PageSetupTest, TextsAreShownAsStoredAndWrittenAsSingles)
 {
-    const QString path = configure("<TopMargin>.50</TopMargin><Orientation>2</Orientation>"
-                                   "<MirrorMargins>1</MirrorMargins><LabelWidth>2.625</LabelWidth>");
+    const QString path = configure(
+        "<TopMargin>.50</TopMargin><Orientation>2</Orientation>"
+        "<MirrorMargins>1</MirrorMargins><LabelWidth>2.625</LabelWidth>");
     PageSetup f = read();
     EXPECT_EQ(f.topMargin, ".50");
     EXPECT_TRUE(f.landscape);
@@ -143,9 +159,10 @@ TEST_F(PageSetupTest, TextsAreShownAsStoredAndWrittenAsSingles)
     ASSERT_TRUE(WritePageSetup(fileOf(), f));
 
     // ColumnsPerSheet: the nearest, halves to even.
-    EXPECT_EQ(stored(path, {"TopMargin", "Orientation", "MirrorMargins", "ColumnsPerSheet", "HorizontalGap",
-                            "LabelWidth", "PaperSize", "PaperSource", "PrintDirection"}),
-              QStringList({"0.5", "1", "1", "3", "0.125", "2.625", "1", "7", "0"}));
+    EXPECT_EQ(
+        stored(path, {"TopMargin", "Orientation", "MirrorMargins", "ColumnsPerSheet",
+                      "HorizontalGap", "LabelWidth", "PaperSize", "PaperSource", "PrintDirection"}),
+        QStringList({"0.5", "1", "1", "3", "0.125", "2.625", "1", "7", "0"}));
 }
 
 TEST_F(PageSetupTest, WhatCannotBeConvertedLeavesTheElementAsItWas)
@@ -167,7 +184,8 @@ TEST_F(PageSetupTest, WhatCannotBeConvertedLeavesTheElementAsItWas)
 TEST_F(PageSetupTest, WhatIsWrittenReadsBackTheSame)
 {
     configure("");
-    const PageSetup f{"0.5", "0.75", "0.25", "1.5", "0.125", true, true, 256, "4", "6", 4, "3", 1, "0.1", "0.2", "2.625", "1"};
+    const PageSetup f{"0.5", "0.75", "0.25", "1.5", "0.125", true,  true,    256, "4",
+                      "6",   4,      "3",    1,     "0.1",   "0.2", "2.625", "1"};
     ASSERT_TRUE(WritePageSetup(fileOf(), f));
 
     EXPECT_TRUE(read() == f);
@@ -175,7 +193,8 @@ TEST_F(PageSetupTest, WhatIsWrittenReadsBackTheSame)
 
 TEST_F(PageSetupTest, WithoutAPageSetupElementNothingIsReadOrWritten)
 {
-    const QString path = host.writeUserFile(QStringLiteral("Invoice.pcx"), "<PrinterConfiguration/>");
+    const QString path = host.writeUserFile(QStringLiteral("Invoice.pcx"),
+                                            "<PrinterConfiguration/>");
     PageSetup f;
     f.topMargin = QStringLiteral("untouched");
     EXPECT_FALSE(ReadPageSetup(fileOf(), officeLaser, f));

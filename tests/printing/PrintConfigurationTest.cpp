@@ -23,15 +23,16 @@ bool twoPages(QPainter &painter, const ReportPageToDraw &page)
 
 QHash<QString, QString> printedJob(ReferenceReport &report)
 {
-    return report.print(twoPages) ? FinishedJobAttributes(report.lastJobId()) : QHash<QString, QString>();
+    return report.print(twoPages) ? FinishedJobAttributes(report.lastJobId())
+                                  : QHash<QString, QString>();
 }
 
 struct ConfigurationCase {
     const char *name;
-    const char *printer;      // as assigned, in any case
+    const char *printer; // as assigned, in any case
     const char *queue;
     QByteArray pageSetup;
-    QSizeF pdfPoints;         // as shown
+    QSizeF pdfPoints; // as shown
     const char *media;
     const char *bin;
 };
@@ -70,14 +71,16 @@ TEST_P(PrintConfigurationTest, PdfAndJobHaveTheConfiguredPaperOrientationAndBin)
 
     report.setOutputFileName(folder.filePath(QStringLiteral("report.pdf")));
     ASSERT_TRUE(report.print(twoPages));
-    EXPECT_TRUE(report.lastPage().adjustments.isEmpty()) << report.lastPage().adjustments.join(u'\n').toStdString();
+    EXPECT_TRUE(report.lastPage().adjustments.isEmpty())
+        << report.lastPage().adjustments.join(u'\n').toStdString();
     EXPECT_EQ(report.lastJobId(), 0);
     expectPdf(report.outputFileName());
 
     report.setOutputFileName(QString());
     report.setDocumentName(name);
     const QHash<QString, QString> job = printedJob(report);
-    EXPECT_EQ(job.value(QStringLiteral("job-state")).toInt(), 9) << job.value("job-state-reasons").toStdString();
+    EXPECT_EQ(job.value(QStringLiteral("job-state")).toInt(), 9)
+        << job.value("job-state-reasons").toStdString();
     EXPECT_EQ(job.value(QStringLiteral("printer-uri")),
               QStringLiteral("ipp://localhost/printers/") + QString::fromUtf8(c.queue));
     EXPECT_EQ(job.value(QStringLiteral("InputSlot")), QString::fromUtf8(c.bin));
@@ -96,22 +99,52 @@ QByteArray margins(const char *inches)
     return xml;
 }
 
-INSTANTIATE_TEST_SUITE_P(Table, PrintConfigurationTest, ::testing::Values(
-    ConfigurationCase{"Letter Portrait Upper", "Office-Laser", "Office-Laser",
-                      "<PaperSize>1</PaperSize><PaperSource>1</PaperSource>", {612, 792}, "Letter", "Upper"},
-    ConfigurationCase{"Legal Landscape Manual", "office-laser", "Office-Laser",
-                      "<PaperSize>5</PaperSize><PaperSource>4</PaperSource><Orientation>2</Orientation>" + margins(".5"),
-                      {1008, 612}, "Legal", "Manual"},
-    ConfigurationCase{"A4 Envelope", "OFFICE-LASER", "Office-Laser",
-                      "<PaperSize>9</PaperSize><PaperSource>5</PaperSource>", {595, 842}, "A4", "Envelope"},
-    ConfigurationCase{"Address Labels", "LABEL-PRINTER", "Label-Printer",
-                      "<PaperSize>257</PaperSize><PaperWidth>2.25</PaperWidth><PaperHeight>1.25</PaperHeight>"
-                      "<PaperSource>256</PaperSource>" + margins(".1"),
-                      {162, 90}, "w162h90", "Roll1"},
-    ConfigurationCase{"Shipping Labels", "Label-Printer", "Label-Printer",
-                      "<PaperSize>256</PaperSize><PaperWidth>4</PaperWidth><PaperHeight>6</PaperHeight>"
-                      "<PaperSource>257</PaperSource><Orientation>2</Orientation>" + margins(".2"),
-                      {432, 288}, "w288h432", "Roll2"}),
+INSTANTIATE_TEST_SUITE_P(
+    Table, PrintConfigurationTest,
+    ::testing::Values(
+        ConfigurationCase{"Letter Portrait Upper",
+                          "Office-Laser",
+                          "Office-Laser",
+                          "<PaperSize>1</PaperSize><PaperSource>1</PaperSource>",
+                          {612, 792},
+                          "Letter",
+                          "Upper"},
+        ConfigurationCase{
+            "Legal Landscape Manual",
+            "office-laser",
+            "Office-Laser",
+            "<PaperSize>5</PaperSize><PaperSource>4</PaperSource><Orientation>2</Orientation>"
+                + margins(".5"),
+            {1008, 612},
+            "Legal",
+            "Manual"},
+        ConfigurationCase{"A4 Envelope",
+                          "OFFICE-LASER",
+                          "Office-Laser",
+                          "<PaperSize>9</PaperSize><PaperSource>5</PaperSource>",
+                          {595, 842},
+                          "A4",
+                          "Envelope"},
+        ConfigurationCase{
+            "Address Labels",
+            "LABEL-PRINTER",
+            "Label-Printer",
+            "<PaperSize>257</PaperSize><PaperWidth>2.25</PaperWidth><PaperHeight>1.25</PaperHeight>"
+            "<PaperSource>256</PaperSource>"
+                + margins(".1"),
+            {162, 90},
+            "w162h90",
+            "Roll1"},
+        ConfigurationCase{
+            "Shipping Labels",
+            "Label-Printer",
+            "Label-Printer",
+            "<PaperSize>256</PaperSize><PaperWidth>4</PaperWidth><PaperHeight>6</PaperHeight>"
+            "<PaperSource>257</PaperSource><Orientation>2</Orientation>"
+                + margins(".2"),
+            {432, 288},
+            "w288h432",
+            "Roll2"}),
     [](const auto &info) { return QString::fromUtf8(info.param.name).remove(u' ').toStdString(); });
 
 TEST(ReferenceReportTest, UnknownPrinterPrintsNothingAndNoDeviceNamePrintsToTheDefaultWithItsBin)
@@ -124,7 +157,8 @@ TEST(ReferenceReportTest, UnknownPrinterPrintsNothingAndNoDeviceNamePrintsToTheD
 
     report.pageSettings()->setPaperSource(4);
     QHash<QString, QString> job = printedJob(report);
-    EXPECT_EQ(job.value(QStringLiteral("printer-uri")), QStringLiteral("ipp://localhost/printers/Office-Laser"));
+    EXPECT_EQ(job.value(QStringLiteral("printer-uri")),
+              QStringLiteral("ipp://localhost/printers/Office-Laser"));
     EXPECT_EQ(job.value(QStringLiteral("InputSlot")), QStringLiteral("Manual"));
     // A bin the printer lacks prints from its default.
     report.pageSettings()->setPaperSource(15);
@@ -138,9 +172,10 @@ TEST(ReferenceReportTest, UnknownPrinterPrintsNothingAndNoDeviceNamePrintsToTheD
 QImage renderPage(const QString &pdf, int page)
 {
     const QString prefix = pdf + QStringLiteral("-page");
-    QProcess::execute(QStringLiteral("pdftoppm"), {QStringLiteral("-png"), QStringLiteral("-r"), QStringLiteral("72"),
-                                                   QStringLiteral("-f"), QString::number(page), QStringLiteral("-singlefile"),
-                                                   pdf, prefix});
+    QProcess::execute(QStringLiteral("pdftoppm"),
+                      {QStringLiteral("-png"), QStringLiteral("-r"), QStringLiteral("72"),
+                       QStringLiteral("-f"), QString::number(page), QStringLiteral("-singlefile"),
+                       pdf, prefix});
     return QImage(prefix + QStringLiteral(".png"));
 }
 
@@ -152,25 +187,27 @@ TEST(ReferenceReportPdfTest, ContentAreaSitsInsideMarginsAndGutterOnMirroredPage
     ReferenceReport report;
     report.setOutputFileName(folder.filePath(QStringLiteral("mirrored.pdf")));
     ReportPageSettings &settings = *report.pageSettings();
-    settings.setLeftMargin(1440);     // 72 pt
-    settings.setRightMargin(720);     // 36 pt
-    settings.setTopMargin(2880);      // 144 pt
+    settings.setLeftMargin(1440); // 72 pt
+    settings.setRightMargin(720); // 36 pt
+    settings.setTopMargin(2880);  // 144 pt
     settings.setBottomMargin(1440);
-    settings.setGutter(720);          // 36 pt
+    settings.setGutter(720); // 36 pt
     settings.setMirrorMargins(true);
     ASSERT_TRUE(report.print([](QPainter &painter, const ReportPageToDraw &page) {
         painter.fillRect(page.content, Qt::black);
         return page.number < 2;
     }));
 
-    const QImage odd = renderPage(report.outputFileName(), 1), even = renderPage(report.outputFileName(), 2);
+    const QImage odd = renderPage(report.outputFileName(), 1),
+                 even = renderPage(report.outputFileName(), 2);
     ASSERT_EQ(odd.size(), QSize(612, 792));
     // Odd pages: left margin and gutter (108 pt), right margin 36 pt, top 144 pt. Even pages:
     // the sides swap, the gutter moves to the right.
     const std::tuple<const QImage &, int, int, bool> points[] = {
-        {odd, 105, 400, false}, {odd, 111, 400, true},  {odd, 573, 400, true},  {odd, 579, 400, false},
-        {odd, 300, 141, false}, {odd, 300, 147, true},  {even, 33, 400, false}, {even, 39, 400, true},
-        {even, 501, 400, true}, {even, 507, 400, false}};
+        {odd, 105, 400, false}, {odd, 111, 400, true},  {odd, 573, 400, true},
+        {odd, 579, 400, false}, {odd, 300, 141, false}, {odd, 300, 147, true},
+        {even, 33, 400, false}, {even, 39, 400, true},  {even, 501, 400, true},
+        {even, 507, 400, false}};
     for (const auto &[page, x, y, inked] : points)
         EXPECT_EQ(dark(page, x, y), inked) << (&page == &odd ? "odd " : "even ") << x << ',' << y;
 }

@@ -20,7 +20,7 @@ TEST_F(PrinterAssignments, AreFoundInAnyCaseAndReplacedRatherThanDoubled)
     host.writeUserFile(QStringLiteral("Plain.pcx"), configurationXml("<PaperSize>5</PaperSize>"));
 
     const std::pair<const char *, const char *> lookups[] = {
-        {"Letter", "Office-Laser"}, {"LETTER", "Office-Laser"}, {"letter", "Office-Laser"},
+        {"Letter", "Office-Laser"}, {"LETTER", "Office-Laser"},  {"letter", "Office-Laser"},
         {"pLAIN", "Label-Printer"}, {"(DEFAULT)", "Front Desk"}, {"Legal", "Front Desk"}};
     for (const auto &[name, printer] : lookups)
         EXPECT_EQ(store->GetPrinterForConfiguration(name), printer) << name;
@@ -45,10 +45,12 @@ TEST_F(PrinterAssignments, AFullDiskKeepsEveryEarlierAssignment)
     REQUIRE_SMALL_FILE_SYSTEM(fs);
     SetRegistryFile(fs.filePath(QStringLiteral("HKEY_CURRENT_USER.ini")));
     for (int i = 0; i < 50; ++i)
-        store->SetPrinterForConfiguration(QStringLiteral("Configuration %1").arg(i), QStringLiteral("Printer %1").arg(i));
+        store->SetPrinterForConfiguration(QStringLiteral("Configuration %1").arg(i),
+                                          QStringLiteral("Printer %1").arg(i));
     fs.fill();
 
-    store->SetPrinterForConfiguration(QStringLiteral("Configuration 0"), QStringLiteral("Another printer"));
+    store->SetPrinterForConfiguration(QStringLiteral("Configuration 0"),
+                                      QStringLiteral("Another printer"));
     store->SetPrinterForConfiguration(QStringLiteral("New one"), QStringLiteral("Office-Laser"));
     for (int i = 0; i < 50; ++i)
         EXPECT_EQ(store->GetPrinterForConfiguration(QStringLiteral("Configuration %1").arg(i)),

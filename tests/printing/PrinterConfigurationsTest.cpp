@@ -33,7 +33,8 @@ TEST_F(PrinterConfigurationsTest, ListsSystemThenUserConfigurationsOnceAndFindsT
     host.writeSystemFile(QStringLiteral("Letter.pcx"), configurationXml(""));
     host.writeSystemFile(QStringLiteral("Checks.PCX"), configurationXml(""));
     host.writeSystemFile(QStringLiteral("Legal.pcx"), configurationXml(""));
-    const QString userLetter = host.writeUserFile(QStringLiteral("Letter.pcx"), configurationXml(""));
+    const QString userLetter = host.writeUserFile(QStringLiteral("Letter.pcx"),
+                                                  configurationXml(""));
     host.writeUserFile(QStringLiteral("Avery 5160.pcx"), configurationXml(""));
     host.writeUserFile(QStringLiteral("letter.pcx.bak"), "");
     host.writeUserFile(QStringLiteral("Nested/Deep.pcx"), configurationXml(""));
@@ -50,7 +51,9 @@ TEST_F(PrinterConfigurationsTest, ListsSystemThenUserConfigurationsOnceAndFindsT
 
     // Lookup ignores case and prefers the user folder.
     EXPECT_EQ(late::text(store, "GetPrinterConfigurationFileFromName", {"letter"}), userLetter);
-    EXPECT_EQ(QFileInfo(store->GetPrinterConfigurationFileFromName(QStringLiteral("checks"))).fileName(), "CHECKS.pcx");
+    EXPECT_EQ(
+        QFileInfo(store->GetPrinterConfigurationFileFromName(QStringLiteral("checks"))).fileName(),
+        "CHECKS.pcx");
     EXPECT_EQ(store->GetPrinterConfigurationFileFromName(QStringLiteral("LEGAL")),
               QDir(host.systemFolder()).filePath("Legal.pcx"));
     EXPECT_EQ(store->GetPrinterConfigurationFileFromName(QStringLiteral("Leg")), "");
@@ -60,7 +63,8 @@ TEST_F(PrinterConfigurationsTest, ListsSystemThenUserConfigurationsOnceAndFindsT
     QStringList names;
     for (const PrinterConfigurations::NamedFile &configuration : store->configurationFiles()) {
         names << configuration.name;
-        EXPECT_EQ(configuration.file, store->GetPrinterConfigurationFileFromName(configuration.name))
+        EXPECT_EQ(configuration.file,
+                  store->GetPrinterConfigurationFileFromName(configuration.name))
             << configuration.name.toStdString();
     }
     EXPECT_EQ(names, (QStringList{"Checks", "Legal", "Letter", "Avery 5160", "CHECKS"}));
@@ -74,8 +78,8 @@ TEST_F(PrinterConfigurationsTest, SystemFlagComesFromIdentification)
     // In the system folder but not flagged: not a system configuration.
     host.writeSystemFile(QStringLiteral("Plain.pcx"), configurationXml(""));
     // A full path is read as it stands, without searching the folders.
-    const QString elsewhere =
-        writeFile(QDir(host.root()).filePath("elsewhere/Own.pcx"), configurationXml("", 2));
+    const QString elsewhere = writeFile(QDir(host.root()).filePath("elsewhere/Own.pcx"),
+                                        configurationXml("", 2));
 
     EXPECT_TRUE(store->PrinterConfigurationIsSystem(QStringLiteral("shared")));
     for (const char *name : {"Own", "Broken", "Plain", "Missing", ""})
@@ -175,7 +179,8 @@ TEST_F(PrinterConfigurationsTest, MissingFilesFoldersOrHostGiveEmptyAnswersAndVe
     EXPECT_TRUE(store->VerifyPrinterConfigurations()); // and no message
     host.writeSystemFile(QStringLiteral("Letter.pcx"), configurationXml(""));
     host.testOptions().userFolder = QDir(host.root()).filePath("absent");
-    EXPECT_EQ(store->GetPrinterConfigurations(), (QStringList{"", "Letter"})) << "the missing folder is skipped";
+    EXPECT_EQ(store->GetPrinterConfigurations(), (QStringList{"", "Letter"}))
+        << "the missing folder is skipped";
     host.testOptions().systemFolder.clear();
     EXPECT_EQ(store->GetPrinterConfigurationFileFromName(QStringLiteral("Letter")), "");
 

@@ -132,20 +132,23 @@ TEST_P(RealPpdQueueTest, WithoutThePpdTheSameSheetsWithCodesOfTheirOwn)
     EXPECT_FALSE(read.hasPpd);
     ASSERT_FALSE(read.sizes.isEmpty());
     const auto withinATwip = [](const QSizeF &a, const QSizeF &b) {
-        return std::abs(a.width() - b.width()) * 20 <= 1 && std::abs(a.height() - b.height()) * 20 <= 1;
+        return std::abs(a.width() - b.width()) * 20 <= 1
+               && std::abs(a.height() - b.height()) * 20 <= 1;
     };
     QSet<int> sizeCodes, binCodes;
     for (const CupsPaperSize &size : read.sizes) {
         const QString name = size.keyword + u' ' + size.name;
-        EXPECT_TRUE(std::any_of(ppd.dimensions.begin(), ppd.dimensions.end(),
-                                [&](const QSizeF &points) { return withinATwip(points, size.points); }))
+        EXPECT_TRUE(
+            std::any_of(ppd.dimensions.begin(), ppd.dimensions.end(),
+                        [&](const QSizeF &points) { return withinATwip(points, size.points); }))
             << name.toStdString();
         EXPECT_FALSE(sizeCodes.contains(size.code)) << name.toStdString();
         sizeCodes.insert(size.code);
     }
     const PpdOption *pageSize = ppd.option(QStringLiteral("PageSize"));
     ASSERT_TRUE(pageSize && read.defaultSize());
-    EXPECT_TRUE(withinATwip(read.defaultSize()->points, ppd.dimensions.value(pageSize->defaultChoice)));
+    EXPECT_TRUE(
+        withinATwip(read.defaultSize()->points, ppd.dimensions.value(pageSize->defaultChoice)));
     for (const CupsPaperBin &bin : read.bins) {
         EXPECT_EQ(bin.option, bin.keyword.isEmpty() ? QString() : QStringLiteral("media-source"));
         EXPECT_FALSE(binCodes.contains(bin.code)) << bin.keyword.toStdString();
@@ -244,13 +247,13 @@ TEST(RealPpdCodesTest, DriverlessSourcesHaveTheirWindowsCodes)
         {"Real-DYMO-LabelWriter-450", "", 7}, // no sources: the bin a job without one takes
     };
     for (const auto &c : cases) {
-        const CupsQueue read =
-            ReadCupsQueue(QString::fromUtf8(c.queue), CupsQueueSource::PrinterAttributes);
+        const CupsQueue read = ReadCupsQueue(QString::fromUtf8(c.queue),
+                                             CupsQueueSource::PrinterAttributes);
         if (!read.found)
             continue; // not in the sandbox
-        const auto bin = std::find_if(read.bins.begin(), read.bins.end(), [&](const CupsPaperBin &b) {
-            return b.keyword == QLatin1String(c.keyword);
-        });
+        const auto bin = std::find_if(
+            read.bins.begin(), read.bins.end(),
+            [&](const CupsPaperBin &b) { return b.keyword == QLatin1String(c.keyword); });
         ASSERT_NE(bin, read.bins.end()) << c.queue << " " << c.keyword;
         if (c.code == 0)
             EXPECT_GE(bin->code, 256) << c.queue << " " << c.keyword;

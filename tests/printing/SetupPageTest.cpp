@@ -15,11 +15,13 @@ protected:
     void configure(const QByteArray &pageSetup)
     {
         host.writeUserFile(QStringLiteral("Invoice.pcx"), configurationXml(pageSetup));
-        store->SetPrinterForConfiguration(QStringLiteral("Invoice"), QStringLiteral("Office Laser"));
+        store->SetPrinterForConfiguration(QStringLiteral("Invoice"),
+                                          QStringLiteral("Office Laser"));
     }
     bool apply(QObject *report, bool onlySetPrinter = false)
     {
-        return store->SetupPageFromPrinterConfiguration(QStringLiteral("Invoice"), report, onlySetPrinter);
+        return store->SetupPageFromPrinterConfiguration(QStringLiteral("Invoice"), report,
+                                                        onlySetPrinter);
     }
 
     FakeReport report;
@@ -41,10 +43,11 @@ TEST_F(SetupPageTest, AnEmptyPageSetupGivesTheDefaultsInOrder)
 
 TEST_F(SetupPageTest, StoredValuesAreConvertedToTwips)
 {
-    configure("<PaperSize>260</PaperSize><PaperWidth>4</PaperWidth><PaperHeight>6.5</PaperHeight>"
-              "<PaperSource>258</PaperSource><TopMargin>.25</TopMargin><BottomMargin>0.5</BottomMargin>"
-              "<LeftMargin>0.75</LeftMargin><RightMargin>0.125</RightMargin><Gutter>0.5</Gutter>"
-              "<MirrorMargins>1</MirrorMargins><Orientation>2</Orientation>");
+    configure(
+        "<PaperSize>260</PaperSize><PaperWidth>4</PaperWidth><PaperHeight>6.5</PaperHeight>"
+        "<PaperSource>258</PaperSource><TopMargin>.25</TopMargin><BottomMargin>0.5</BottomMargin>"
+        "<LeftMargin>0.75</LeftMargin><RightMargin>0.125</RightMargin><Gutter>0.5</Gutter>"
+        "<MirrorMargins>1</MirrorMargins><Orientation>2</Orientation>");
     apply(&report);
     // The gutter is converted twice, on purpose.
     EXPECT_EQ(report.writes.mid(1),

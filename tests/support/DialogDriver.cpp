@@ -64,12 +64,14 @@ QListView *openList()
 
 void WhenModal(const QString &name, std::function<void(QWidget *)> action, int timeoutMs)
 {
-    whenReady([]() { return QApplication::activeModalWidget(); }, name, std::move(action), timeoutMs);
+    whenReady([]() { return QApplication::activeModalWidget(); }, name, std::move(action),
+              timeoutMs);
 }
 
 void WhenPopup(const QString &name, std::function<void(QWidget *)> action, int timeoutMs)
 {
-    whenReady([]() { return QApplication::activePopupWidget(); }, name, std::move(action), timeoutMs);
+    whenReady([]() { return QApplication::activePopupWidget(); }, name, std::move(action),
+              timeoutMs);
 }
 
 void Settle(int ms)
@@ -116,9 +118,9 @@ bool PickChoice(const QString &choice)
     QListView *list = openList();
     if (!list)
         return false;
-    const QModelIndexList found =
-        list->model()->match(list->model()->index(0, 0), Qt::DisplayRole, choice, 1,
-                             Qt::MatchFixedString | Qt::MatchCaseSensitive);
+    const QModelIndexList found = list->model()->match(
+        list->model()->index(0, 0), Qt::DisplayRole, choice, 1,
+        Qt::MatchFixedString | Qt::MatchCaseSensitive);
     if (found.isEmpty())
         return false;
     // As a keyboard user does: move to the entry, then Enter.
@@ -130,9 +132,13 @@ bool PickChoice(const QString &choice)
 
 QList<std::pair<const char *, std::function<void(QWidget *)>>> WaysToCancel(const QString &escapeIn)
 {
-    return {{"Cancel", [](QWidget *d) { d->findChild<QAbstractButton *>(QStringLiteral("cmdCancel"))->click(); }},
-            {"CloseBox", [](QWidget *d) { d->close(); }},
-            {"Escape", [escapeIn](QWidget *d) { QTest::keyClick(d->findChild<QWidget *>(escapeIn), Qt::Key_Escape); }}};
+    return {
+        {"Cancel",
+         [](QWidget *d) { d->findChild<QAbstractButton *>(QStringLiteral("cmdCancel"))->click(); }},
+        {"CloseBox", [](QWidget *d) { d->close(); }},
+        {"Escape", [escapeIn](QWidget *d) {
+             QTest::keyClick(d->findChild<QWidget *>(escapeIn), Qt::Key_Escape);
+         }}};
 }
 
 QString SaveScreenshot(QWidget *widget, const QString &name)

@@ -44,12 +44,14 @@ void TypeIntoCell(QAbstractItemView *grid, int row, int column, const QString &t
 // Opens the drop-down editor of cell (row, column) and returns the choices it offers,
 // leaving the list open.
 QStringList OpenChoices(QAbstractItemView *grid, int row, int column);
-// In the open drop-down list, moves to the entry `choice` and presses Enter. False when there is no such entry.
+// In the open drop-down list, moves to the entry `choice` and presses Enter. False when there is no
+// such entry.
 bool PickChoice(const QString &choice);
 
 // The ways of leaving a dialog without OK, each named: its "cmdCancel" button, the close
 // box, and Esc pressed in its child named `escapeIn`.
-QList<std::pair<const char *, std::function<void(QWidget *)>>> WaysToCancel(const QString &escapeIn);
+QList<std::pair<const char *, std::function<void(QWidget *)>>> WaysToCancel(
+    const QString &escapeIn);
 
 // Saves a picture of `widget` as <name>.png in the test output folder (support/TestOutput.h);
 // returns the file's path.

@@ -12,8 +12,7 @@ namespace bravcpl5::test {
 struct ListedPrinters final : PrinterInfo {
     ListedPrinters(QStringList printers, QString defaultPrinter)
         : names(std::move(printers)), defaultName(std::move(defaultPrinter))
-    {
-    }
+    {}
     QStringList printerNames() const override { return names; }
     QString defaultPrinterName() const override { return defaultName; }
     QList<PaperSizeInfo> paperSizes(const QString &) const override { return {}; }

@@ -6,7 +6,10 @@
 #include <QStringList>
 #include <ostream>
 
-inline void PrintTo(const QString &text, std::ostream *os) { *os << '"' << text.toStdString() << '"'; }
+inline void PrintTo(const QString &text, std::ostream *os)
+{
+    *os << '"' << text.toStdString() << '"';
+}
 
 inline void PrintTo(const QStringList &list, std::ostream *os)
 {

@@ -24,10 +24,10 @@ struct DrawnText {
 class RecordingPreviewSurface final : public PreviewSurface
 {
 public:
-    RecordingPreviewSurface(float widthTwips, float heightTwips, QColor background = QColor(240, 240, 240))
+    RecordingPreviewSurface(float widthTwips, float heightTwips,
+                            QColor background = QColor(240, 240, 240))
         : m_width(widthTwips), m_height(heightTwips), m_background(background)
-    {
-    }
+    {}
 
     QColor backColor() const override { return m_background; }
     void setForeColor(const QColor &color) override { m_fore = color; }
@@ -36,7 +36,10 @@ public:
     void setFillStyle(FillStyle style) override { m_style = style; }
     float scaleWidth() const override { return m_width; }
     float scaleHeight() const override { return m_height; }
-    void drawRectangle(QPointF from, QPointF to) override { rectangles.append({from, to, m_fore, m_fill, m_style}); }
+    void drawRectangle(QPointF from, QPointF to) override
+    {
+        rectangles.append({from, to, m_fore, m_fill, m_style});
+    }
     void moveTo(QPointF position) override { m_position = position; }
     void printText(const QString &text) override { texts.append({m_position, m_fore, text}); }
 

@@ -29,8 +29,10 @@ QHash<QString, QString> FinishedJobAttributes(int jobId)
         ipp_t *request = ippNewRequest(IPP_OP_GET_JOB_ATTRIBUTES);
         ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_URI, "job-uri", nullptr, uri.constData());
         // The owner sees the job's private values (its name) too.
-        ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_NAME, "requesting-user-name", nullptr, cupsUser());
-        ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_KEYWORD, "requested-attributes", nullptr, "all");
+        ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_NAME, "requesting-user-name", nullptr,
+                     cupsUser());
+        ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_KEYWORD, "requested-attributes", nullptr,
+                     "all");
         ipp_t *response = cupsDoRequest(CUPS_HTTP_DEFAULT, request, "/");
         for (ipp_attribute_t *a = ippFirstAttribute(response); a; a = ippNextAttribute(response)) {
             if (!ippGetName(a))
@@ -60,7 +62,8 @@ bool SaveJobDocument(const QString &queue, int jobId, const QString &file)
     ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_URI, "printer-uri", nullptr, uri.constData());
     ippAddInteger(request, IPP_TAG_OPERATION, IPP_TAG_INTEGER, "job-id", jobId);
     ippAddInteger(request, IPP_TAG_OPERATION, IPP_TAG_INTEGER, "document-number", 1);
-    ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_NAME, "requesting-user-name", nullptr, cupsUser());
+    ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_NAME, "requesting-user-name", nullptr,
+                 cupsUser());
     ipp_t *response = cupsDoIORequest(CUPS_HTTP_DEFAULT, request, "/", -1, out.handle());
     const bool saved = response && ippGetStatusCode(response) <= IPP_STATUS_OK_EVENTS_COMPLETE;
     ippDelete(response);
@@ -77,7 +80,8 @@ PdfFacts ReadPdfFacts(const QString &file)
         return facts;
     const QString text = QString::fromUtf8(pdfinfo.readAllStandardOutput());
     const auto pages = QRegularExpression(QStringLiteral("Pages:\\s+(\\d+)")).match(text);
-    const auto size = QRegularExpression(QStringLiteral("Page size:\\s+([\\d.]+) x ([\\d.]+) pts")).match(text);
+    const auto size =
+        QRegularExpression(QStringLiteral("Page size:\\s+([\\d.]+) x ([\\d.]+) pts")).match(text);
     const auto rotation = QRegularExpression(QStringLiteral("Page rot:\\s+(\\d+)")).match(text);
     facts.pages = pages.captured(1).toInt();
     facts.pageSize = QSizeF(size.captured(1).toDouble(), size.captured(2).toDouble());

@@ -12,8 +12,8 @@ namespace bravcpl5::test {
 // True when the cupsd that CUPS_SERVER (or the client configuration) names answers.
 bool CupsReachable();
 
-#define SKIP_WITHOUT_CUPSD()                                                                        \
-    if (!bravcpl5::test::CupsReachable())                                                           \
+#define SKIP_WITHOUT_CUPSD()                                                                       \
+    if (!bravcpl5::test::CupsReachable())                                                          \
     GTEST_SKIP() << "no cupsd reachable (scripts/test starts one)"
 
 // Waits for a job to finish (at most ten seconds) and returns its attributes as text

@@ -32,7 +32,8 @@ QString enterUserNamespace()
     if (::unshare(CLONE_NEWUSER | CLONE_NEWNS) != 0)
         return QStringLiteral("mounting a small file system needs root or a user namespace: ")
                + QString::fromLocal8Bit(std::strerror(errno));
-    if (!writeProcFile("/proc/self/setgroups", "deny") || !writeProcFile("/proc/self/uid_map", "0 " + uid + " 1")
+    if (!writeProcFile("/proc/self/setgroups", "deny")
+        || !writeProcFile("/proc/self/uid_map", "0 " + uid + " 1")
         || !writeProcFile("/proc/self/gid_map", "0 " + gid + " 1"))
         return QStringLiteral("could not map the user into its namespace");
     return {};
@@ -50,7 +51,8 @@ QString enterPrivateMounts()
             return QStringLiteral("unshare: ") + QString::fromLocal8Bit(std::strerror(errno));
         }
         if (::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0)
-            return QStringLiteral("private mounts: ") + QString::fromLocal8Bit(std::strerror(errno));
+            return QStringLiteral("private mounts: ")
+                   + QString::fromLocal8Bit(std::strerror(errno));
         return {};
     }();
     return failure;
@@ -68,7 +70,8 @@ SmallFileSystem::SmallFileSystem(qint64 bytes)
     m_root = m_dir.filePath(QStringLiteral("small"));
     QDir().mkpath(m_root);
     const QByteArray options = "size=" + QByteArray::number(bytes) + ",mode=0755";
-    if (::mount("tmpfs", QFile::encodeName(m_root).constData(), "tmpfs", 0, options.constData()) != 0) {
+    if (::mount("tmpfs", QFile::encodeName(m_root).constData(), "tmpfs", 0, options.constData())
+        != 0) {
         m_reason = QStringLiteral("mount tmpfs: ") + QString::fromLocal8Bit(std::strerror(errno));
         return;
     }
@@ -100,11 +103,9 @@ void SmallFileSystem::fill(qint64 roomLeft)
     // Big pieces first, then single bytes into the last partly used page.
     for (qint64 piece = 64 * 1024; piece >= 1; piece /= 4) {
         const QByteArray bytes(piece, 'f');
-        while (freeBytes() >= roomLeft + piece && filler.write(bytes) == piece) {
-        }
+        while (freeBytes() >= roomLeft + piece && filler.write(bytes) == piece) {}
         if (roomLeft == 0)
-            while (filler.write(bytes) == piece) {
-            }
+            while (filler.write(bytes) == piece) {}
     }
 }
 

@@ -19,8 +19,11 @@ namespace bravcpl5::test {
 inline QByteArray configurationXml(const QByteArray &pageSetup, int system = 0)
 {
     return "<?xml version=\"1.0\"?>\n<PrinterConfiguration>"
-           "<Identification><System>" + QByteArray::number(system) + "</System></Identification>"
-           "<PageSetup>" + pageSetup + "</PageSetup></PrinterConfiguration>\n";
+           "<Identification><System>"
+           + QByteArray::number(system)
+           + "</System></Identification>"
+             "<PageSetup>"
+           + pageSetup + "</PageSetup></PrinterConfiguration>\n";
 }
 
 class StoreFixture : public ::testing::Test

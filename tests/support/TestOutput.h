@@ -11,7 +11,8 @@ namespace bravcpl5::test {
 inline QString testOutputPath(const QString &fileName)
 {
     const QString named = qEnvironmentVariable("BRAVCPL5_TEST_OUTPUT");
-    const QDir folder(named.isEmpty() ? QDir::current().filePath(QStringLiteral("test-output")) : named);
+    const QDir folder(named.isEmpty() ? QDir::current().filePath(QStringLiteral("test-output"))
+                                      : named);
     folder.mkpath(QStringLiteral("."));
     return folder.filePath(fileName);
 }

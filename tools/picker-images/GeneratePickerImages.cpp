@@ -150,9 +150,9 @@ bool writeBmp(const std::filesystem::path &path, const Image &image)
     put32(out, 40);
     put32(out, size);
     put32(out, size);
-    put16(out, 1);  // planes
-    put16(out, 4);  // bits per pixel
-    put32(out, 0);  // no compression
+    put16(out, 1); // planes
+    put16(out, 4); // bits per pixel
+    put32(out, 0); // no compression
     put32(out, pixelBytes);
     put32(out, 3780); // 96 dpi in pixels per metre
     put32(out, 3780);

@@ -9,8 +9,7 @@
 
 HostBravSql::HostBravSql(const HostDatabase &database, QObject *parent)
     : QObject(parent), m_database(database)
-{
-}
+{}
 
 namespace {
 
@@ -19,20 +18,27 @@ namespace {
 // waits for a drop-down to open.
 void appendEscaped(QString &xml, const QString &text)
 {
-    const auto special = [](QChar c) {
-        return c == u'&' || c == u'<' || c == u'>' || c == u'\r';
-    };
+    const auto special = [](QChar c) { return c == u'&' || c == u'<' || c == u'>' || c == u'\r'; };
     if (std::none_of(text.begin(), text.end(), special)) {
         xml += text;
         return;
     }
     for (QChar c : text) {
         switch (c.unicode()) {
-        case u'&': xml += QLatin1String("&amp;"); break;
-        case u'<': xml += QLatin1String("&lt;"); break;
-        case u'>': xml += QLatin1String("&gt;"); break;
-        case u'\r': xml += QLatin1String("&#13;"); break; // a raw CR would read back as LF
-        default: xml += c;
+        case u'&':
+            xml += QLatin1String("&amp;");
+            break;
+        case u'<':
+            xml += QLatin1String("&lt;");
+            break;
+        case u'>':
+            xml += QLatin1String("&gt;");
+            break;
+        case u'\r':
+            xml += QLatin1String("&#13;");
+            break; // a raw CR would read back as LF
+        default:
+            xml += c;
         }
     }
 }

@@ -6,8 +6,7 @@
 
 HostCommon::HostCommon(const HostDatabase &database, QObject *parent)
     : QObject(parent), m_database(database)
-{
-}
+{}
 
 QVariant HostCommon::ExecuteScaler(const QString &sql) const { return firstRowValue(sql, {}); }
 

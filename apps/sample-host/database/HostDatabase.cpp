@@ -2,8 +2,7 @@
 
 HostDatabase::HostDatabase(QString connectionName, Translator translator)
     : m_connectionName(std::move(connectionName)), m_translator(std::move(translator))
-{
-}
+{}
 
 HostDatabase::~HostDatabase()
 {

@@ -114,14 +114,22 @@ struct ProductType {
 };
 
 constexpr ProductType productTypes[] = {
-    {"Aluminum Blinds", "Aluminum Blind"},       {"Cellular Shades", "Cellular Shade"},
-    {"Drapery Hardware", "Drapery Rod"},         {"Exterior Shutters", "Exterior Shutter"},
-    {"Faux Wood Blinds", "Faux Wood Blind"},     {"Motorization", "Motor Kit"},
-    {"Plantation Shutters", "Plantation Shutter"}, {"Pleated Shades", "Pleated Shade"},
-    {"Roller Shades", "Roller Shade"},           {"Roman Shades", "Roman Shade"},
-    {"Sheer Shades", "Sheer Shade"},             {"Solar Shades", "Solar Shade"},
-    {"Valances", "Valance"},                     {"Vertical Blinds", "Vertical Blind"},
-    {"Vinyl Shutters", "Vinyl Shutter"},         {"Wood Blinds", "Wood Blind"},
+    {"Aluminum Blinds", "Aluminum Blind"},
+    {"Cellular Shades", "Cellular Shade"},
+    {"Drapery Hardware", "Drapery Rod"},
+    {"Exterior Shutters", "Exterior Shutter"},
+    {"Faux Wood Blinds", "Faux Wood Blind"},
+    {"Motorization", "Motor Kit"},
+    {"Plantation Shutters", "Plantation Shutter"},
+    {"Pleated Shades", "Pleated Shade"},
+    {"Roller Shades", "Roller Shade"},
+    {"Roman Shades", "Roman Shade"},
+    {"Sheer Shades", "Sheer Shade"},
+    {"Solar Shades", "Solar Shade"},
+    {"Valances", "Valance"},
+    {"Vertical Blinds", "Vertical Blind"},
+    {"Vinyl Shutters", "Vinyl Shutter"},
+    {"Wood Blinds", "Wood Blind"},
     {"Woven Wood Shades", "Woven Wood Shade"},
 };
 
@@ -132,8 +140,7 @@ constexpr int productsPerManufacturer = 8;
 
 // Rows go in out of name order (a stride through the table), so that lists ordered by
 // the database show that they were sorted.
-template <typename T, size_t N>
-int strided(const T (&)[N], int i)
+template <typename T, size_t N> int strided(const T (&)[N], int i)
 {
     constexpr int stride = 7;
     static_assert(N % stride != 0, "the stride must visit every row");
@@ -179,8 +186,10 @@ bool insertSampleRows(const HostDatabase &database)
                       1,
                       [](int) -> QVariantList {
                           return {QStringLiteral("Sunbridge Window Fashions"),
-                                  QStringLiteral("1420 W Main St"), QStringLiteral("Boise"),
-                                  QStringLiteral("ID"), QStringLiteral("83702"),
+                                  QStringLiteral("1420 W Main St"),
+                                  QStringLiteral("Boise"),
+                                  QStringLiteral("ID"),
+                                  QStringLiteral("83702"),
                                   QStringLiteral("(208) 555-0142")};
                       })
            && insertRows(database,
@@ -221,8 +230,9 @@ bool insertSampleRows(const HostDatabase &database)
                    const QString name = text(manufacturers[m].brand) + u' '
                                         + text(series[(m + k) % std::size(series)]) + u' '
                                         + text(productTypes[t].singular);
-                   return {name, t + 1, m + 1, (i * 11) % vendorCount + 1, i % 5,
-                           39.95 + (i * 37) % 400};
+                   return {name,  t + 1,
+                           m + 1, (i * 11) % vendorCount + 1,
+                           i % 5, 39.95 + (i * 37) % 400};
                });
 }
 
@@ -235,22 +245,22 @@ bool FillSampleData(const HostDatabase &database)
 
 bool AddGeneratedVendors(const HostDatabase &database, int count)
 {
-    static constexpr std::array prefixes{"Apex",    "Atlas",   "Beacon",  "Cardinal", "Crown",
-                                         "Eagle",   "Granite", "Harbor",  "Liberty",  "Mesa",
-                                         "Monarch", "Patriot", "Pioneer", "Premier",  "Quality",
-                                         "Redstone", "Sterling", "Summit", "United",  "Victory"};
+    static constexpr std::array prefixes{"Apex",     "Atlas",    "Beacon",  "Cardinal", "Crown",
+                                         "Eagle",    "Granite",  "Harbor",  "Liberty",  "Mesa",
+                                         "Monarch",  "Patriot",  "Pioneer", "Premier",  "Quality",
+                                         "Redstone", "Sterling", "Summit",  "United",   "Victory"};
     static constexpr std::array regions{"Central",  "Coastal",  "Eastern",  "Gulf",
                                         "Lakeside", "Midland",  "Northern", "Pacific",
                                         "Prairie",  "Southern", "Valley",   "Western"};
-    static constexpr std::array kinds{"Blind Supply",       "Shade Distributors",
-                                      "Shutter Wholesale",  "Window Products",
-                                      "Drapery Supply",     "Window Coverings",
-                                      "Fabric Mills",       "Hardware Supply"};
+    static constexpr std::array kinds{"Blind Supply",    "Shade Distributors", "Shutter Wholesale",
+                                      "Window Products", "Drapery Supply",     "Window Coverings",
+                                      "Fabric Mills",    "Hardware Supply"};
     const int combinations = int(prefixes.size() * regions.size() * kinds.size());
     return inTransaction(database, [&] {
         return insertRows(
-            database, QStringLiteral("INSERT INTO Vendors (VendorName, City, State) VALUES (?, ?, ?)"),
-            count, [&](int i) -> QVariantList {
+            database,
+            QStringLiteral("INSERT INTO Vendors (VendorName, City, State) VALUES (?, ?, ?)"), count,
+            [&](int i) -> QVariantList {
                 const int c = i % combinations;
                 QString name = text(prefixes[size_t(c) % prefixes.size()]) + u' '
                                + text(regions[size_t(c / int(prefixes.size())) % regions.size()])

@@ -48,16 +48,14 @@ QString TranslateTopToLimit(const QString &sql)
 {
     static const QRegularExpression top(
         QStringLiteral(R"(^(\s*SELECT\s+(?:DISTINCT\s+)?)TOP\s+(\d+)\s+(.*?)\s*;?\s*$)"),
-        QRegularExpression::CaseInsensitiveOption
-            | QRegularExpression::DotMatchesEverythingOption);
+        QRegularExpression::CaseInsensitiveOption | QRegularExpression::DotMatchesEverythingOption);
     const QRegularExpressionMatch match = top.match(sql);
     if (!match.hasMatch())
         return sql;
     return match.captured(1) + match.captured(3) + QStringLiteral(" LIMIT ") + match.captured(2);
 }
 
-std::unique_ptr<HostDatabase> OpenSqliteDatabase(const QString &path,
-                                                 const QString &connectionName,
+std::unique_ptr<HostDatabase> OpenSqliteDatabase(const QString &path, const QString &connectionName,
                                                  NewDatabase content)
 {
     const bool isNew = !QFile::exists(path);
@@ -73,9 +71,8 @@ std::unique_ptr<HostDatabase> OpenSqliteDatabase(const QString &path,
     }
     auto database = std::make_unique<HostDatabase>(connectionName, TranslateTopToLimit);
     if (isNew) {
-        const bool created =
-            createTables(*database)
-            && (content == NewDatabase::Empty || FillSampleData(*database));
+        const bool created = createTables(*database)
+                             && (content == NewDatabase::Empty || FillSampleData(*database));
         if (!created) {
             database.reset();
             QFile::remove(path);

@@ -18,6 +18,5 @@ enum class NewDatabase { SampleRows, Empty };
 
 // Opens the database file, creating it with its tables (and, for SampleRows, the sample
 // dealer's data) when it does not exist yet. Null when it cannot be opened or created.
-std::unique_ptr<HostDatabase> OpenSqliteDatabase(const QString &path,
-                                                 const QString &connectionName,
+std::unique_ptr<HostDatabase> OpenSqliteDatabase(const QString &path, const QString &connectionName,
                                                  NewDatabase content = NewDatabase::SampleRows);
