@@ -177,54 +177,115 @@ QString toShortDate(const QDate &date, const QLocale &locale)
 
 namespace {
 
-// Typed dates: the order of day, month and year comes from the locale's short format;
-// the separators may be any of the usual ones, and digits of any script count.
-QDate parseTypedDate(const QString &trimmed, const QLocale &locale)
-{
-    const QString format = locale.dateFormat(QLocale::ShortFormat);
-    QList<QChar> order;
-    for (QChar c : format) {
-        const QChar lower = c.toLower();
-        if ((lower == u'd' || lower == u'm' || lower == u'y') && !order.contains(lower))
-            order.append(lower);
-    }
-    if (order.size() != 3)
-        order = {u'm', u'd', u'y'};
+// A date text taken apart: its numbers, with how many digits each was written with, and
+// the month it names in words (0 when it names none).
+struct DateParts {
+    QList<int> numbers;
+    QList<qsizetype> widths;
+    int namedMonth = 0;
+};
 
-    // Code points rather than QChars: some scripts' digits lie outside the BMP.
-    const QList<uint> points = trimmed.toUcs4();
-    QList<int> parts;
-    QList<int> widths;
+bool sameName(const QString &word, const QString &name)
+{
+    QString letters;
+    for (QChar c : name) {
+        if (c.isLetter() || c.isMark())
+            letters += c;
+    }
+    return !letters.isEmpty() && word.compare(letters, Qt::CaseInsensitive) == 0;
+}
+
+// The month a word names, long or short, in any case and without an abbreviation's dot:
+// the locale's own names first, then the English ones that files are so often written with.
+int monthNamed(const QString &word, const QLocale &locale)
+{
+    static const QLocale english(QLocale::English, QLocale::UnitedStates);
+    for (const QLocale &names : {locale, english}) {
+        for (int month = 1; month <= 12; ++month) {
+            for (const QLocale::FormatType type : {QLocale::LongFormat, QLocale::ShortFormat}) {
+                if (sameName(word, names.monthName(month, type))
+                    || sameName(word, names.standaloneMonthName(month, type)))
+                    return month;
+            }
+        }
+    }
+    return 0;
+}
+
+// Numbers (digits of any script; code points, as some scripts' digits lie outside the
+// BMP) and at most one month name, between blanks, punctuation and direction marks.
+// Nothing when anything else is in the text or the parts are not three.
+std::optional<DateParts> splitDate(const QString &text, const QLocale &locale)
+{
+    const QList<uint> points = text.toUcs4();
+    DateParts parts;
     qsizetype i = 0;
     while (i < points.size()) {
-        if (!QChar::isDigit(char32_t(points[i]))) {
-            if (!(points[i] == u'/' || points[i] == u'-' || points[i] == u'.' || points[i] == u' '))
-                return {};
-            ++i;
-            continue;
+        const char32_t c = points[i];
+        qsizetype j = i + 1;
+        if (QChar::isDigit(c)) {
+            int value = QChar::digitValue(c);
+            for (; j < points.size() && QChar::isDigit(char32_t(points[j])); ++j) {
+                if (j - i == 9)
+                    return std::nullopt; // longer than any part of a date
+                value = value * 10 + QChar::digitValue(char32_t(points[j]));
+            }
+            parts.numbers.append(value);
+            parts.widths.append(j - i);
+        } else if (QChar::isLetter(c)) {
+            while (j < points.size()
+                   && (QChar::isLetter(char32_t(points[j])) || QChar::isMark(char32_t(points[j]))))
+                ++j;
+            if (parts.namedMonth != 0)
+                return std::nullopt;
+            parts.namedMonth = monthNamed(
+                QString::fromUcs4(reinterpret_cast<const char32_t *>(points.constData()) + i,
+                                  j - i),
+                locale);
+            if (parts.namedMonth == 0)
+                return std::nullopt;
+        } else if (!QChar::isSpace(c) && !QChar::isPunct(c)
+                   && QChar::category(c) != QChar::Other_Format) {
+            return std::nullopt;
         }
-        int value = 0;
-        qsizetype j = i;
-        for (; j < points.size() && QChar::isDigit(char32_t(points[j])) && j - i < 9; ++j)
-            value = value * 10 + QChar::digitValue(char32_t(points[j]));
-        if (j < points.size() && QChar::isDigit(char32_t(points[j])))
-            return {}; // longer than any part of a date
-        parts.append(value);
-        widths.append(int(j - i));
         i = j;
     }
-    if (parts.size() != 3)
-        return {};
-    int day = 0, month = 0, year = 0, yearWidth = 0;
-    for (int k = 0; k < 3; ++k) {
-        if (order[k] == u'd')
-            day = parts[k];
-        else if (order[k] == u'm')
-            month = parts[k];
-        else {
-            year = parts[k];
-            yearWidth = widths[k];
+    if (parts.numbers.size() != (parts.namedMonth != 0 ? 2 : 3))
+        return std::nullopt;
+    return parts;
+}
+
+// The order of day, month and year in the locale's short format, as "dmy".
+QString localeOrder(const QLocale &locale)
+{
+    QString order;
+    for (QChar c : locale.dateFormat(QLocale::ShortFormat)) {
+        const QChar lower = c.toLower();
+        if ((lower == u'd' || lower == u'm' || lower == u'y') && !order.contains(lower))
+            order += lower;
+    }
+    return order.size() == 3 ? order : QStringLiteral("mdy");
+}
+
+// The parts read in one order; a named month takes no number. Two-digit years fall in
+// 1930-2029.
+QDate dateInOrder(const DateParts &parts, QStringView order)
+{
+    int day = 0, month = parts.namedMonth, year = 0;
+    qsizetype yearWidth = 0, next = 0;
+    for (const QChar field : order) {
+        if (field == u'm' && parts.namedMonth != 0)
+            continue;
+        const int value = parts.numbers[next];
+        if (field == u'd') {
+            day = value;
+        } else if (field == u'm') {
+            month = value;
+        } else {
+            year = value;
+            yearWidth = parts.widths[next];
         }
+        ++next;
     }
     if (yearWidth <= 2)
         year += year < 30 ? 2000 : 1900;
@@ -236,11 +297,18 @@ QDate parseTypedDate(const QString &trimmed, const QLocale &locale)
 QDate parseShortDate(const QString &text, const QLocale &locale)
 {
     const QString trimmed = text.trimmed();
-    // Digits and separators alone read as typed: what toShortDate wrote in such a locale
-    // reads back the same this way, at a tenth of the cost of the locale's own parser.
-    if (const QDate typed = parseTypedDate(trimmed, locale); typed.isValid())
-        return typed;
-    // What toShortDate wrote otherwise reads back exactly, month names and marks included.
+    // The locale's order first; when it makes no date of the parts (a "month" above 12),
+    // the other orders, as the platform the files were first written on did. So a date
+    // written under another locale reads as the same day unless it is ambiguous, and an
+    // ambiguous one reads in this locale's order.
+    if (const auto parts = splitDate(trimmed, locale)) {
+        for (const QString &order : {localeOrder(locale), QStringLiteral("mdy"),
+                                     QStringLiteral("dmy"), QStringLiteral("ymd")}) {
+            if (const QDate date = dateInOrder(*parts, order); date.isValid())
+                return date;
+        }
+    }
+    // What toShortDate wrote with other words in it (a year mark, say) reads back exactly.
     return locale.toDate(trimmed, shortDateFormat(locale));
 }
 

@@ -39,8 +39,11 @@ QString integerToText(qint64 value);
 // Short dates: the locale's short date order with a four-digit year (1/5/2024 in en_US).
 QString shortDateFormat(const QLocale &locale = QLocale());
 QString toShortDate(const QDate &date, const QLocale &locale = QLocale());
-// Reads a date typed in the locale's short date order; two-digit years fall in 1930-2029.
-// An invalid QDate when the text is not such a date.
+// Reads a date as the original platform did: three numbers, or two and a month name (in
+// the locale's language or in English), in the locale's short date order, and when that
+// makes no date, month-day-year, day-month-year or year-month-day; so 3/31/2024 is 31 March
+// everywhere, and an ambiguous 3/4/2024 reads in the locale's order. Two-digit years fall
+// in 1930-2029. An invalid QDate when the text is no date in any of these orders.
 QDate parseShortDate(const QString &text, const QLocale &locale = QLocale());
 
 // The locale's long time without a time zone (1:05:09 PM in en_US), and the general date

@@ -9,6 +9,7 @@
 #include "support/DialogDriver.h"
 #include "support/FakeDatabase.h"
 #include "support/MessageRecorder.h"
+#include "support/QtPrinters.h"
 #include "support/TestHost.h"
 
 #include <QElapsedTimer>
@@ -315,6 +316,18 @@ TEST_P(FiltersDialogInLocale, ACustomRangeSurvivesTwoOks)
     ParseCustomDateRange(range, start, end);
     EXPECT_EQ(start, QDate(2024, 3, 1));
     EXPECT_EQ(end, QDate(2024, 3, 31));
+}
+
+// A file written with US dates keeps both of them through OK in any locale: "3/31" has no
+// thirteenth month to be read as, so it reads as 31 March rather than falling back to today.
+TEST_P(FiltersDialogInLocale, AUsDatedRangeKeepsItsDatesThroughOk)
+{
+    file = host.writeSystemFile(QStringLiteral("Range.rpx"),
+                                "<Report><Filters><ShipDate type=\"daterange\" "
+                                "value=\"Custom Date Range : 1/1/2024 to 3/31/2024\"/>"
+                                "</Filters></Report>");
+    EXPECT_TRUE(runThenOk([](QWidget *) {}));
+    EXPECT_EQ(value("ShipDate"), CustomDateRangeText(QDate(2024, 1, 1), QDate(2024, 3, 31)));
 }
 
 INSTANTIATE_TEST_SUITE_P(Locales, FiltersDialogInLocale, ::testing::Values("C", "de_DE", "ja_JP"));

@@ -105,6 +105,87 @@ TEST(ValueRules, ShortDatesReadBackInEveryLocale)
               QDate(2024, 3, 1));
 }
 
+// Switches the default locale, as a user's regional settings do, for one scope.
+class DefaultLocale
+{
+public:
+    explicit DefaultLocale(const QLocale &locale) { QLocale::setDefault(locale); }
+    ~DefaultLocale() { QLocale::setDefault(previous); }
+    DefaultLocale(const DefaultLocale &) = delete;
+    DefaultLocale &operator=(const DefaultLocale &) = delete;
+
+private:
+    const QLocale previous;
+};
+
+const char *const userLocales[] = {"C", "en_US", "de_DE", "ja_JP", "ar_EG"};
+
+// A file written under one locale and read under another keeps its dates whenever only one
+// order of day, month and year makes sense of them: month and year ends, a leap day, days
+// above 12, month names and other scripts' digits.
+TEST(ValueRules, ShortDatesWrittenInOneLocaleReadTheSameInEveryOther)
+{
+    const QDate dates[] = {QDate(2024, 1, 31),  QDate(2024, 2, 29),  QDate(2023, 12, 31),
+                           QDate(2024, 3, 31),  QDate(2024, 4, 30),  QDate(2024, 12, 13),
+                           QDate(1999, 12, 31), QDate(2030, 11, 30), QDate(2024, 7, 7)};
+    QStringList failures;
+    for (const char *writer : userLocales) {
+        for (const QDate &date : dates) {
+            QString text;
+            {
+                const DefaultLocale writing{QLocale(QString::fromLatin1(writer))};
+                text = toShortDate(date);
+            }
+            for (const char *reader : userLocales) {
+                const DefaultLocale reading{QLocale(QString::fromLatin1(reader))};
+                if (const QDate read = parseShortDate(text); read != date)
+                    failures << QStringLiteral("%1 -> %2: %3 read as %4")
+                                    .arg(writer, reader, text, read.toString(Qt::ISODate));
+            }
+        }
+    }
+    EXPECT_TRUE(failures.isEmpty())
+        << failures.size() << " failures, e.g. " << failures.mid(0, 8).join(" | ").toStdString();
+    EXPECT_EQ(QLocale(), us) << "the default locale is restored";
+}
+
+// Text no one's short date wrote: the locale's order first, then month-day-year,
+// day-month-year and year-month-day; month names in English and in the locale.
+TEST(ValueRules, ShortDatesReadLenientlyInTheLocaleOrderFirst)
+{
+    const QDate mar4(2024, 3, 4), apr3(2024, 4, 3), mar31(2024, 3, 31);
+    const std::tuple<const char *, const char *, QDate> cases[] = {
+        // locale, text, date
+        {"en_US", "3/4/2024", mar4},
+        {"C", "3/4/2024", apr3},
+        {"de_DE", "3/4/2024", apr3},
+        {"ar_EG", "3/4/2024", apr3},
+        {"ja_JP", "3/4/2024", mar4},
+        {"ja_JP", "24/3/4", mar4},
+        {"en_US", "31.3.2024", mar31},
+        {"en_US", "2024-03-31", mar31},
+        {"de_DE", "2024-03-31", mar31},
+        {"de_DE", "March 31, 2024", mar31},
+        {"ja_JP", "31 mar 2024", mar31},
+        {"de_DE", "31. März 2024", mar31},
+        {"de_DE", "4 Mär 2024", mar4},
+        {"en_US", "4-MAR-24", mar4},
+        {"C", "١٣/١٢/٢٠٢٤", QDate(2024, 12, 13)},
+        {"en_US", "2/30/2024", QDate()},
+        {"de_DE", "13/13/2024", QDate()},
+        {"C", "31 Foo 2024", QDate()},
+        {"en_US", "March 2024", QDate()},
+        {"en_US", "1/5/2024 3", QDate()},
+        {"en_US", "1/5/2024 $", QDate()},
+        {"en_US", "March April 1 2024", QDate()}};
+    for (const auto &[name, text, date] : cases) {
+        const DefaultLocale reading{QLocale(QString::fromLatin1(name))};
+        const QDate read = parseShortDate(QString::fromUtf8(text));
+        EXPECT_EQ(read, date) << name << ": " << text << " read as "
+                              << read.toString(Qt::ISODate).toStdString();
+    }
+}
+
 TEST(ValueRules, VariantTextAndLeadingNumbersFollowThePlatform)
 {
     EXPECT_EQ(variantToText(QVariant(true), us), QStringLiteral("True"));
