@@ -4,7 +4,7 @@
 // sandboxed cupsd (scripts/cups-sandbox; CUPS_SERVER set), to which it adds queues made from
 // a real office laser's PPD until 150 are installed, and removes them again at the end.
 
-#include "printing/CachedPrinterInfo.h"
+#include "printers/CachedPrinterInfo.h"
 #include "support/SandboxCups.h"
 
 #include <QCoreApplication>

@@ -4,11 +4,12 @@
 #include "library/Registry.h"
 #include "library/Units.h"
 #include "library/WholeFile.h"
-#include "library/Xml.h"
-#include "printing/PageSetupElements.h"
-#include "printing/PaperSizeCodes.h"
+#include "printers/PaperSizeCodes.h"
+#include "printers/PrinterInfo.h"
+#include "printing/ConfigurationCommands.h"
+#include "printing/ConfigurationElements.h"
+#include "printing/PageSetup.h"
 #include "printing/PrinterConfigurations.h"
-#include "printing/PrinterInfo.h"
 
 #include <QFile>
 #include <QJsonArray>
@@ -98,16 +99,13 @@ int ListConfigurations(CommandContext &context, bool json)
     const QHash<QString, QString> printers = configurations.printerAssignments();
     QJsonArray rows;
     QList<QStringList> table;
-    for (const PrinterConfigurations::NamedFile &configuration :
-         configurations.configurationFiles()) {
-        const QString &name = configuration.name;
-        const QString &file = configuration.file;
-        const bool system = configurations.PrinterConfigurationIsSystem(file);
-        const QString printer = printers.value(name.toCaseFolded());
-        rows.append(
-            QJsonObject{{"name", name}, {"printer", printer}, {"file", file}, {"system", system}});
-        table.append({name, printer.isEmpty() ? QStringLiteral("-") : printer,
-                      system ? QStringLiteral("yes") : QStringLiteral("no"), file});
+    for (const ConfigurationRow &row : configurations.configurations()) {
+        rows.append(QJsonObject{{"name", row.name},
+                                {"printer", row.printer},
+                                {"file", row.file},
+                                {"system", row.system}});
+        table.append({row.name, row.printer.isEmpty() ? QStringLiteral("-") : row.printer,
+                      row.system ? QStringLiteral("yes") : QStringLiteral("no"), row.file});
     }
     const QString fallback = printers.value(DefaultAssignmentName().toCaseFolded());
     if (json) {
@@ -171,62 +169,103 @@ int ShowConfiguration(CommandContext &context, const QString &configuration)
         return refuse(
             context,
             QStringLiteral("there is no printer configuration named '%1'").arg(configuration));
-    const QString file = late::text(store(context), "GetPrinterConfigurationFileFromName", {name});
-    const XmlDocumentPtr document = LoadXmlFile(file);
-    if (!document)
+    // The page setup as the file holds it (codes as stored, none where none is), each value
+    // under its element's name.
+    PrinterConfigurations &configurations = typedStore(context);
+    PageSetupChoices asStored;
+    asStored.storedCodes = true;
+    PageSetup setup;
+    const QString file = configurations.GetPrinterConfigurationFileFromName(name);
+    if (!configurations.readPageSetup(name, asStored, PaperDefaults(), setup))
         return refuse(context, QStringLiteral("the file '%1' cannot be read").arg(file));
-    const pugi::xml_node setup =
-        SelectSingleNode(*document, QString::fromLatin1(pagesetup::xpath)).node();
-    const auto value = [&](const char *element) {
-        return GetXmlValue(QString::fromLatin1(element), setup, QString());
-    };
 
-    const QString printer = late::text(store(context), "GetPrinterForConfiguration", {name, false});
+    const QString printer = configurations.GetPrinterForConfiguration(name);
     context.out << "Configuration: " << name << '\n'
                 << "File: " << file << '\n'
                 << "Printer: " << (printer.isEmpty() ? QStringLiteral("-") : printer) << '\n';
-    for (const char *element :
-         {pagesetup::topMargin, pagesetup::bottomMargin, pagesetup::leftMargin,
-          pagesetup::rightMargin, pagesetup::gutter, pagesetup::labelWidth, pagesetup::labelHeight,
-          pagesetup::horizontalGap, pagesetup::verticalGap})
-        context.out << element << ": " << inches(value(element)) << '\n';
-    const QString columns = value(pagesetup::columnsPerSheet);
-    context.out << pagesetup::orientation << ": "
-                << (value(pagesetup::orientation).toInt() != 0 ? "landscape" : "portrait") << '\n'
-                << pagesetup::columnsPerSheet << ": "
-                << (columns.isEmpty() ? QStringLiteral("-") : columns) << '\n';
+    for (const auto &[label, text] : std::initializer_list<std::pair<const char *, QString>>{
+             {pagesetup::topMargin, setup.topMargin},
+             {pagesetup::bottomMargin, setup.bottomMargin},
+             {pagesetup::leftMargin, setup.leftMargin},
+             {pagesetup::rightMargin, setup.rightMargin},
+             {pagesetup::gutter, setup.gutter},
+             {pagesetup::labelWidth, setup.labelWidth},
+             {pagesetup::labelHeight, setup.labelHeight},
+             {pagesetup::horizontalGap, setup.horizontalGap},
+             {pagesetup::verticalGap, setup.verticalGap}})
+        context.out << label << ": " << inches(text) << '\n';
+    context.out << pagesetup::orientation << ": " << (setup.landscape ? "landscape" : "portrait")
+                << '\n'
+                << pagesetup::columnsPerSheet << ": " << setup.columnsPerSheet << '\n';
 
-    // What the printer makes of the stored codes.
+    // What the printer makes of the stored codes; a code that is not stored is the
+    // printer's current one.
     const PrinterInfo &info = CurrentPrinterInfo();
     const QString installed = FindPrinter(info, printer);
-    // A code that is not stored is the printer's current one.
-    const QString storedSize = value(pagesetup::paperSize);
-    const int sizeCode = storedSize.isEmpty() ? info.currentPaperSize(installed)
-                                              : storedSize.toInt();
+    const PrinterPaper paper = info.paper(installed);
+    const int sizeCode = setup.paperSize.value_or(paper.currentSize);
     QString size = QStringLiteral("code %1, not offered by the printer").arg(sizeCode);
-    for (const PaperSizeInfo &paper : info.paperSizes(installed)) {
-        if (paper.code == sizeCode)
+    for (const PaperSizeInfo &offered : paper.sizes) {
+        if (offered.code == sizeCode)
             size = QStringLiteral("%1 (code %2, %3)")
-                       .arg(paper.name)
+                       .arg(offered.name)
                        .arg(sizeCode)
-                       .arg(paperDimensions(paper));
+                       .arg(paperDimensions(offered));
     }
     if (sizeCode >= FirstPrinterPaperCode)
         size += QStringLiteral("; stored size %1 x %2")
-                    .arg(inches(value(pagesetup::paperWidth)),
-                         inches(value(pagesetup::paperHeight)));
-    const QString storedBin = value(pagesetup::paperSource);
-    const int binCode = storedBin.isEmpty() ? info.currentPaperBin(installed) : storedBin.toInt();
+                    .arg(inches(setup.paperWidth), inches(setup.paperHeight));
+    const int binCode = setup.paperSource.value_or(paper.currentBin);
     QString bin = QStringLiteral("code %1, not offered by the printer").arg(binCode);
-    for (const PaperBinInfo &source : info.paperBins(installed)) {
+    for (const PaperBinInfo &source : paper.bins) {
         if (source.code == binCode)
             bin = QStringLiteral("%1 (code %2)").arg(source.name).arg(binCode);
     }
-    context.out << "Paper size: " << size << (storedSize.isEmpty() ? " (the printer's own)" : "")
-                << '\n'
-                << "Paper source: " << bin << (storedBin.isEmpty() ? " (the printer's own)" : "")
+    context.out << "Paper size: " << size << (setup.paperSize ? "" : " (the printer's own)") << '\n'
+                << "Paper source: " << bin << (setup.paperSource ? "" : " (the printer's own)")
                 << '\n';
     return Done;
+}
+
+namespace {
+
+// Tells what a rename, copy or delete did, with the dialog's words when it did nothing.
+int reportChange(CommandContext &context, ConfigurationCommand command,
+                 const ConfigurationChange &change, const QString &name,
+                 const QString &requested = QString())
+{
+    if (!change.done())
+        return refuse(context, ChangeMessage(command, change, name, requested));
+    switch (command) {
+    case ConfigurationCommand::Delete:
+        context.out << "deleted " << name << '\n';
+        break;
+    default:
+        context.out << name << " -> " << change.name << " (" << change.file << ")\n";
+        break;
+    }
+    return Done;
+}
+
+} // namespace
+
+int RenameConfiguration(CommandContext &context, const QString &configuration, const QString &name)
+{
+    return reportChange(context, ConfigurationCommand::Rename,
+                        typedStore(context).renameConfiguration(configuration, name), configuration,
+                        name);
+}
+
+int CopyConfiguration(CommandContext &context, const QString &configuration)
+{
+    return reportChange(context, ConfigurationCommand::Copy,
+                        typedStore(context).copyConfiguration(configuration), configuration);
+}
+
+int DeleteConfiguration(CommandContext &context, const QString &configuration)
+{
+    return reportChange(context, ConfigurationCommand::Delete,
+                        typedStore(context).deleteConfiguration(configuration), configuration);
 }
 
 int VerifyConfigurations(CommandContext &context)

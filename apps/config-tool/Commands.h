@@ -22,6 +22,11 @@ int ListConfigurations(CommandContext &context, bool json);
 int AssignPrinter(CommandContext &context, const QString &configuration, const QString &printer);
 int UnassignPrinter(CommandContext &context, const QString &configuration);
 int ShowConfiguration(CommandContext &context, const QString &configuration);
+// The printer configurations dialog's rename, copy (into the user folder, as the user's own)
+// and delete, with its rules; a refusal changes nothing and exits Refused.
+int RenameConfiguration(CommandContext &context, const QString &configuration, const QString &name);
+int CopyConfiguration(CommandContext &context, const QString &configuration);
+int DeleteConfiguration(CommandContext &context, const QString &configuration);
 int VerifyConfigurations(CommandContext &context);
 int ExportAssignments(CommandContext &context, const QString &file);
 int ImportAssignments(CommandContext &context, const QString &file);

@@ -21,6 +21,9 @@ const char *const usage = R"(Commands:
   assign --default PRINTER   PRINTER is used by configurations without their own
   unassign NAME              NAME uses the default printer again
   show NAME                  the page setup, and what the printer offers for it
+  rename NAME NEW            renames NAME's file; its printer goes with it
+  copy NAME                  copies NAME into the user folder as the user's own
+  delete NAME                deletes NAME's file (not a shared one, nor one without a printer)
   verify                     exit status 1 when a configuration has no printer
   export FILE                this workstation's assignments as JSON
   import FILE                assignments from an export, all or none
@@ -33,10 +36,14 @@ QString setting(const QCommandLineParser &parser, const QCommandLineOption &opti
 }
 
 // Qt's own notes about the session (a missing runtime folder and the like) are not the
-// tool's to print; its answers and complaints are.
-void quietQt(QtMsgType type, const QMessageLogContext &, const QString &message)
+// tool's to print; its answers and complaints are, and so is the library's log, which
+// QT_LOGGING_RULES has already filtered.
+void quietQt(QtMsgType type, const QMessageLogContext &context, const QString &message)
 {
-    if (type == QtCriticalMsg || type == QtFatalMsg)
+    const bool library = context.category && qstrncmp(context.category, "bravcpl5.", 9) == 0;
+    if (library)
+        QTextStream(stderr) << context.category << ": " << message << Qt::endl;
+    else if (type == QtCriticalMsg || type == QtFatalMsg)
         QTextStream(stderr) << message << Qt::endl;
 }
 
@@ -115,6 +122,12 @@ int main(int argc, char **argv)
         status = UnassignPrinter(context, arguments[1]);
     else if (command == QLatin1String("show") && needs(1))
         status = ShowConfiguration(context, arguments[1]);
+    else if (command == QLatin1String("rename") && needs(2))
+        status = RenameConfiguration(context, arguments[1], arguments[2]);
+    else if (command == QLatin1String("copy") && needs(1))
+        status = CopyConfiguration(context, arguments[1]);
+    else if (command == QLatin1String("delete") && needs(1))
+        status = DeleteConfiguration(context, arguments[1]);
     else if (command == QLatin1String("verify") && needs(0))
         status = VerifyConfigurations(context);
     else if (command == QLatin1String("export") && needs(1))
@@ -123,8 +136,8 @@ int main(int argc, char **argv)
         status = ImportAssignments(context, arguments[1]);
     else if (command == QLatin1String("printers") && needs(0))
         status = ListPrinters(context);
-    else if (!QStringList{"list", "assign", "unassign", "show", "verify", "export", "import",
-                          "printers"}
+    else if (!QStringList{"list", "assign", "unassign", "show", "rename", "copy", "delete",
+                          "verify", "export", "import", "printers"}
                   .contains(command))
         err << "bravcpl5-config: unknown command '" << command << "'; see --help" << Qt::endl;
 

@@ -34,7 +34,7 @@ LabelGeometry ReadLabelGeometry(const QString &configurationFile)
     for (const PrintDirectionChoice &choice : PrintDirections())
         directions.printDirections.append(int(choice.code));
     PageSetup fields;
-    ReadPageSetup(configurationFile, directions, fields);
+    ReadPageSetup(configurationFile, directions, PaperDefaults(), fields);
     LabelGeometry geometry;
     const auto columns = values::parseNumber(fields.columnsPerSheet, QLocale::c());
     geometry.columns = columns ? qBound(1, int(std::lround(*columns)), 16) : 1;

@@ -4,7 +4,7 @@
 #include "TestPage.h"
 
 #include "library/LateBinding.h"
-#include "printing/PrinterInfo.h"
+#include "printers/PrinterInfo.h"
 #include "report/ReferenceReport.h"
 
 #include <QAction>

@@ -4,7 +4,7 @@
 
 #include "forms/Glyphs.h"
 #include "library/Messages.h"
-#include "printing/PaperSizeCodes.h"
+#include "printers/PaperSizeCodes.h"
 #include "printing/PrinterConfigurations.h"
 
 namespace bravcpl5 {
@@ -73,7 +73,9 @@ frmPageSetup::frmPageSetup(QWidget *parent)
                                         : DecrementFieldValue(limits.step, limits.minimum,
                                                               limits.maximum, text->text()));
         });
-        connect(text, &QLineEdit::textChanged, this, &frmPageSetup::DrawPreviews);
+        connect(text, &QLineEdit::textChanged, this, [this, &limits](const QString &typed) {
+            fromControl([&]() { m_value.*limits.text = typed; });
+        });
     }
     for (const PrintDirectionChoice &direction : PrintDirections())
         ui->cboPrintDirection->addItem(direction.name, int(direction.code));
@@ -82,12 +84,23 @@ frmPageSetup::frmPageSetup(QWidget *parent)
     const qreal ratio = devicePixelRatioF();
     ui->imgPortrait->setPixmap(SheetGlyph(Qt::Vertical, ratio));
     ui->imgLandscape->setPixmap(SheetGlyph(Qt::Horizontal, ratio));
-    connect(ui->optLandscape, &QRadioButton::toggled, this,
-            &frmPageSetup::UpdateOrientationPictures);
-
+    connect(ui->optLandscape, &QRadioButton::toggled, this, [this](bool landscape) {
+        fromControl([&]() { m_value.landscape = landscape; });
+        UpdateOrientationPictures();
+    });
+    connect(ui->chkMirrorMargins, &QCheckBox::toggled, this,
+            [this](bool mirror) { fromControl([&]() { m_value.mirrorMargins = mirror; }); });
     connect(ui->cboPaperSize, &QComboBox::currentIndexChanged, this, [this]() {
-        if (!m_loading)
+        fromControl([&]() {
+            m_value.paperSize = selectedCode(ui->cboPaperSize);
             cboPaperSize_Click();
+        });
+    });
+    connect(ui->lstPaperSource, &QListWidget::itemSelectionChanged, this, [this]() {
+        fromControl([&]() { m_value.paperSource = selectedCode(ui->lstPaperSource); });
+    });
+    connect(ui->cboPrintDirection, &QComboBox::currentIndexChanged, this, [this]() {
+        fromControl([&]() { m_value.printDirection = selectedCode(ui->cboPrintDirection); });
     });
     connect(ui->TabControl1, &QTabWidget::currentChanged, this, &frmPageSetup::DrawPreviews);
     connect(ui->cmdOK, &QPushButton::clicked, this, &frmPageSetup::cmdOK_Click);
@@ -96,6 +109,14 @@ frmPageSetup::frmPageSetup(QWidget *parent)
 }
 
 frmPageSetup::~frmPageSetup() = default;
+
+template <typename Change> void frmPageSetup::fromControl(Change change)
+{
+    if (m_settingControls)
+        return;
+    change();
+    DrawPreviews();
+}
 
 bool frmPageSetup::Open(const QString &configuration, const QString &printerName,
                         PrinterConfigurations *store)
@@ -106,10 +127,9 @@ bool frmPageSetup::Open(const QString &configuration, const QString &printerName
 
     // The installed printers are asked for once; the dialog keeps its choice for its lifetime.
     if (m_info.printerNames().isEmpty()) {
-        ShowMessage(
-            QStringLiteral("No printers have been setup on this computer. You must setup at least "
-                           "one printer in order to configure page settings."),
-            QMessageBox::Warning, QMessageBox::Ok, parentWidget());
+        ShowMessage(QStringLiteral("No printers have been setup on this computer. You must setup "
+                                   "at least one printer in order to configure page settings."),
+                    QMessageBox::Warning, QMessageBox::Ok, parentWidget());
         return false;
     }
     if (!printerName.isEmpty()) {
@@ -122,62 +142,79 @@ bool frmPageSetup::Open(const QString &configuration, const QString &printerName
     if (m_printer.isEmpty()) {
         m_printer = FindPrinter(m_info, m_info.defaultPrinterName());
         if (m_printer.isEmpty()) {
-            ShowMessage(
-                QStringLiteral("Unable to perform page setup. Make sure a valid default printer is "
-                               "setup on this computer and that the print spooler service is "
-                               "running. (1)"),
-                QMessageBox::Critical, QMessageBox::Ok, parentWidget());
+            ShowMessage(QStringLiteral("Unable to perform page setup. Make sure a valid default "
+                                       "printer is setup on this computer and that the print "
+                                       "spooler service is running. (1)"),
+                        QMessageBox::Critical, QMessageBox::Ok, parentWidget());
             return false;
         }
     }
 
-    m_loading = true;
-    FillPaperSizes();
-    FillPaperSources();
+    PageSetupChoices choices;
+    m_settingControls = true;
+    FillPaperSizes(choices);
+    FillPaperSources(choices);
+    m_settingControls = false;
+    for (const PrintDirectionChoice &direction : PrintDirections())
+        choices.printDirections.append(int(direction.code));
     // The label sheet's fields are shown and kept, but not edited here.
     ui->TabControl1->setTabEnabled(ui->TabControl1->indexOf(ui->tabLabelLayout), false);
-    PageSetup fields = fromControls();
-    if (ReadPageSetup(configurationFile(), choices(), fields))
-        toControls(fields);
-    m_loading = false;
+    if (m_store)
+        m_store->readPageSetup(m_configuration, choices, DefaultPrinterPaper(m_info), m_value);
     // The stored paper shows its own size, as if the user had chosen it.
-    cboPaperSize_Click();
+    takePaperSize();
+    toControls();
+    UpdatePaperFields();
+    DrawPreviews();
     return true;
 }
 
-void frmPageSetup::FillPaperSizes()
+void frmPageSetup::FillPaperSizes(PageSetupChoices &choices)
 {
     m_paperSizes = m_info.paperSizes(m_printer);
     bool hasCustomPaperSize = false;
     for (const PaperSizeInfo &size : std::as_const(m_paperSizes)) {
         ui->cboPaperSize->addItem(size.name, size.code);
+        choices.paperSizes.append(size.code);
         hasCustomPaperSize = hasCustomPaperSize || size.code >= FirstPrinterPaperCode;
     }
-    if (!hasCustomPaperSize)
+    if (!hasCustomPaperSize) {
         ui->cboPaperSize->addItem(QStringLiteral("Custom"), FirstPrinterPaperCode);
+        choices.paperSizes.append(FirstPrinterPaperCode);
+    }
     ui->cboPaperSize->setCurrentIndex(-1);
 }
 
-void frmPageSetup::FillPaperSources()
+void frmPageSetup::FillPaperSources(PageSetupChoices &choices)
 {
     for (const PaperBinInfo &bin : m_info.paperBins(m_printer)) {
         auto *item = new QListWidgetItem(bin.name, ui->lstPaperSource);
         item->setData(Qt::UserRole, bin.code);
+        choices.paperSources.append(bin.code);
+    }
+}
+
+void frmPageSetup::takePaperSize()
+{
+    // A standard paper shows its own size; a custom one keeps what was typed.
+    if (!m_value.paperSize || *m_value.paperSize >= FirstPrinterPaperCode)
+        return;
+    for (const PaperSizeInfo &size : std::as_const(m_paperSizes)) {
+        if (size.code == *m_value.paperSize) {
+            m_value.paperWidth = PaperLengthText(size.widthTwips);
+            m_value.paperHeight = PaperLengthText(size.heightTwips);
+            return;
+        }
     }
 }
 
 void frmPageSetup::cboPaperSize_Click()
 {
-    // A standard paper shows its own size; a custom one keeps what was typed.
-    if (const auto code = selectedCode(ui->cboPaperSize); code && *code < FirstPrinterPaperCode) {
-        for (const PaperSizeInfo &size : std::as_const(m_paperSizes)) {
-            if (size.code == *code) {
-                ui->txtPaperWidth->setText(PaperLengthText(size.widthTwips));
-                ui->txtPaperHeight->setText(PaperLengthText(size.heightTwips));
-                break;
-            }
-        }
-    }
+    takePaperSize();
+    m_settingControls = true;
+    ui->txtPaperWidth->setText(m_value.paperWidth);
+    ui->txtPaperHeight->setText(m_value.paperHeight);
+    m_settingControls = false;
     UpdatePaperFields();
 }
 
@@ -185,75 +222,46 @@ void frmPageSetup::UpdateOrientationPictures()
 {
     paintSheetBackground(ui->picPortrait, ui->optPortrait->isChecked());
     paintSheetBackground(ui->picLandscape, ui->optLandscape->isChecked());
-    UpdatePaperFields();
 }
 
 void frmPageSetup::UpdatePaperFields()
 {
-    const auto code = selectedCode(ui->cboPaperSize);
-    const bool custom = code && *code >= FirstPrinterPaperCode;
+    const bool custom = m_value.paperSize && *m_value.paperSize >= FirstPrinterPaperCode;
     for (QWidget *widget :
          {static_cast<QWidget *>(ui->lblPaperWidth), static_cast<QWidget *>(ui->txtPaperWidth),
           static_cast<QWidget *>(ui->udPaperWidth), static_cast<QWidget *>(ui->lblPaperHeight),
           static_cast<QWidget *>(ui->txtPaperHeight), static_cast<QWidget *>(ui->udPaperHeight)})
         widget->setEnabled(custom);
-    DrawPreviews();
 }
 
 void frmPageSetup::DrawPreviews()
 {
-    if (m_loading)
+    if (m_settingControls)
         return;
-    const PageSetupPreviewInfo record = PreviewRecord(fromControls());
+    const PageSetupPreviewInfo record = PreviewRecord(m_value);
     for (PageSetupPicture *picture : {ui->picPreview1, ui->picPreview2, ui->picPreview3})
         picture->setRecord(record);
 }
 
-PageSetup frmPageSetup::fromControls() const
+void frmPageSetup::toControls()
 {
-    PageSetup fields;
+    m_settingControls = true;
     for (const NumericField &field : m_fields)
-        fields.*field.limits->text = field.text->text();
-    fields.mirrorMargins = ui->chkMirrorMargins->isChecked();
-    fields.landscape = ui->optLandscape->isChecked();
-    fields.paperSize = selectedCode(ui->cboPaperSize);
-    fields.paperSource = selectedCode(ui->lstPaperSource);
-    fields.printDirection = selectedCode(ui->cboPrintDirection);
-    return fields;
-}
-
-void frmPageSetup::toControls(const PageSetup &fields)
-{
-    for (const NumericField &field : m_fields)
-        field.text->setText(fields.*field.limits->text);
-    ui->chkMirrorMargins->setChecked(fields.mirrorMargins);
-    (fields.landscape ? ui->optLandscape : ui->optPortrait)->setChecked(true);
-    selectCode(ui->cboPaperSize, fields.paperSize);
-    selectCode(ui->lstPaperSource, fields.paperSource);
-    selectCode(ui->cboPrintDirection, fields.printDirection);
-}
-
-QString frmPageSetup::configurationFile() const
-{
-    return m_store ? m_store->GetPrinterConfigurationFileFromName(m_configuration) : QString();
-}
-
-PageSetupChoices frmPageSetup::choices() const
-{
-    PageSetupChoices choices;
-    for (int i = 0; i < ui->cboPaperSize->count(); ++i)
-        choices.paperSizes.append(ui->cboPaperSize->itemData(i).toInt());
-    for (int row = 0; row < ui->lstPaperSource->count(); ++row)
-        choices.paperSources.append(ui->lstPaperSource->item(row)->data(Qt::UserRole).toInt());
-    for (int i = 0; i < ui->cboPrintDirection->count(); ++i)
-        choices.printDirections.append(ui->cboPrintDirection->itemData(i).toInt());
-    return choices;
+        field.text->setText(m_value.*field.limits->text);
+    ui->chkMirrorMargins->setChecked(m_value.mirrorMargins);
+    (m_value.landscape ? ui->optLandscape : ui->optPortrait)->setChecked(true);
+    selectCode(ui->cboPaperSize, m_value.paperSize);
+    selectCode(ui->lstPaperSource, m_value.paperSource);
+    selectCode(ui->cboPrintDirection, m_value.printDirection);
+    m_settingControls = false;
+    UpdateOrientationPictures();
 }
 
 void frmPageSetup::cmdOK_Click()
 {
     // Typed values are stored as they stand; the file reports nothing on failure.
-    WritePageSetup(configurationFile(), fromControls());
+    if (m_store)
+        m_store->savePageSetup(m_configuration, m_value);
     setCancelled(false);
     accept();
 }

@@ -2,13 +2,14 @@
 
 // The page setup dialog of one printer configuration: margins and orientation, paper size
 // and source, and the label sheet's layout, with a picture of the page on each tab. It
-// edits a PageSetup value bound to its controls; the file is read when the dialog opens
-// and written by OK only. Cancelled starts True, so the close box reads as cancelled.
-// The dialog keeps its own current printer, and that printer's sizes and bins, for its
-// lifetime.
+// holds one PageSetup value: read through the store when the dialog opens, shown in the
+// controls (set from the value under a guard), changed field by field by the control the
+// user changed, drawn by the previews, and saved through the store by OK only. Cancelled
+// starts True, so the close box reads as cancelled. The dialog keeps its own current
+// printer, and that printer's sizes and bins, for its lifetime.
 
 #include "forms/ModalForm.h"
-#include "printing/CachedPrinterInfo.h"
+#include "printers/CachedPrinterInfo.h"
 #include "printing/PageSetup.h"
 #include "printing/PageSetupFields.h"
 
@@ -40,10 +41,12 @@ public:
 
     // The printer whose sizes and bins the dialog offers.
     QString currentPrinter() const { return m_printer; }
+    // The page setup as OK would save it.
+    const PageSetup &value() const { return m_value; }
 
 private:
-    void FillPaperSizes();
-    void FillPaperSources();
+    void FillPaperSizes(PageSetupChoices &choices);
+    void FillPaperSources(PageSetupChoices &choices);
     void cboPaperSize_Click();
     void UpdateOrientationPictures();
     void UpdatePaperFields();
@@ -51,10 +54,12 @@ private:
     void cmdOK_Click();
     void cmdCancel_Click();
 
-    PageSetup fromControls() const;
-    void toControls(const PageSetup &fields);
-    PageSetupChoices choices() const;
-    QString configurationFile() const;
+    // Sets every control from the value, under the guard.
+    void toControls();
+    // A chosen standard paper shows its own size in the value's width and height.
+    void takePaperSize();
+    // Runs a change of the value from a control, unless the controls are being set.
+    template <typename Change> void fromControl(Change change);
 
     // A numeric field with its spinner's rule.
     struct NumericField {
@@ -69,7 +74,8 @@ private:
     QString m_configuration;
     QString m_printer;
     QList<PaperSizeInfo> m_paperSizes;
-    bool m_loading = false;
+    PageSetup m_value;
+    bool m_settingControls = false;
 };
 
 } // namespace bravcpl5

@@ -3,14 +3,11 @@
 #include "ui_frmPrinterConfigurations.h"
 
 #include "forms/ReportGrid.h"
-#include "library/FileOperations.h"
-#include "library/HostContract.h"
 #include "library/Library.h"
 #include "library/Messages.h"
-#include "library/Xml.h"
+#include "printers/PrinterInfo.h"
+#include "printers/SystemPrinters.h"
 #include "printing/PrinterConfigurations.h"
-#include "printing/PrinterInfo.h"
-#include "printing/SystemPrinters.h"
 
 #include <QAction>
 #include <QStyle>
@@ -102,24 +99,13 @@ void frmPrinterConfigurations::LoadList()
 {
     const int selected = selectedRow();
     const QString current = selected >= 0 ? m_rows[selected].name : QString();
-    m_rows.clear();
-    const QHash<QString, QString> printers = m_store ? m_store->printerAssignments()
-                                                     : QHash<QString, QString>();
-    if (m_store) {
-        for (const PrinterConfigurations::NamedFile &configuration :
-             m_store->configurationFiles()) {
-            ConfigurationRow row;
-            row.name = configuration.name;
-            row.printer = printers.value(configuration.name.toCaseFolded());
-            row.file = configuration.file;
-            row.system = m_store->PrinterConfigurationIsSystem(row.file);
-            m_rows.append(row);
-        }
-    }
+    m_rows = m_store ? m_store->configurations() : QList<ConfigurationRow>();
+    const QString fallback = m_store ? m_store->GetPrinterForConfiguration(
+                                 QString::fromLatin1(DefaultPrinterValueName), true)
+                                     : QString();
     // An empty printer cell prints with the default printer, when there is one.
-    const bool hasDefault =
-        !printers.value(QString::fromLatin1(DefaultPrinterValueName).toCaseFolded()).isEmpty();
-    const QString hint = hasDefault ? QStringLiteral("uses the default printer") : QString();
+    const QString hint = fallback.isEmpty() ? QString()
+                                            : QStringLiteral("uses the default printer");
     const QIcon shared = style()->standardIcon(QStyle::SP_DriveNetIcon);
     QList<QTreeWidgetItem *> items;
     for (const ConfigurationRow &row : std::as_const(m_rows))
@@ -147,6 +133,8 @@ void frmPrinterConfigurations::UpdateCommands()
 void frmPrinterConfigurations::runCommand(ConfigurationCommand command)
 {
     switch (command) {
+    case ConfigurationCommand::Rename: // an edit of the name cell, not a toolbar command
+        break;
     case ConfigurationCommand::Refresh:
         LoadList();
         break;
@@ -181,37 +169,30 @@ void frmPrinterConfigurations::rptPrinters_AfterEdit(QTreeWidgetItem *item, int 
 void frmPrinterConfigurations::renameConfiguration(int row, const QString &name)
 {
     const ConfigurationRow old = m_rows[row];
-    if (name == old.name)
+    if (!m_store || name == old.name)
         return;
-    // Refused names never reach the file system.
-    if (const NameRefusal refusal = CheckConfigurationName(name); refusal != NameRefusal::None) {
+    const ConfigurationChange change = m_store->renameConfiguration(old.name, name);
+    if (!change.done()) {
         restoreCell(row, NameColumn);
-        ShowMessage(RenameRefusalMessage(refusal, name), QMessageBox::Warning, QMessageBox::Ok,
-                    this);
+        tell(ConfigurationCommand::Rename, change, old.name, name);
         return;
     }
-    const QString target = RenameTarget(old.file, name);
-    if (FileExists(target)) {
-        restoreCell(row, NameColumn);
-        ShowMessage(RenameExistsMessage(target), QMessageBox::Warning, QMessageBox::Ok, this);
-        return;
-    }
-    if (!MoveFile(old.file, target)) {
-        restoreCell(row, NameColumn);
-        return;
-    }
-    // The old name's printer goes with it; the old name's value stays in the registry.
-    if (m_store && !old.printer.isEmpty())
-        m_store->SetPrinterForConfiguration(name, old.printer);
     LoadList();
-    selectConfiguration(name);
+    selectConfiguration(change.name);
 }
 
 void frmPrinterConfigurations::assignPrinter(int row, const QString &printer)
 {
     if (!m_store || printer == m_rows[row].printer)
         return;
-    m_store->SetPrinterForConfiguration(m_rows[row].name, printer);
+    if (!m_store->assignPrinter(m_rows[row].name, printer)) {
+        restoreCell(row, PrinterColumn);
+        ShowMessage(QStringLiteral("The printer '%1' could not be assigned to the printer "
+                                   "configuration '%2'.")
+                        .arg(printer, m_rows[row].name),
+                    QMessageBox::Warning, QMessageBox::Ok, this);
+        return;
+    }
     m_rows[row].printer = printer;
     if (QTreeWidgetItem *item = ui->rptPrinters->topLevelItem(row))
         item->setData(PrinterColumn, GridHintRole, QVariant());
@@ -229,41 +210,37 @@ void frmPrinterConfigurations::cmdPageSetup_Click()
 void frmPrinterConfigurations::cmdCopy_Click()
 {
     const int row = selectedRow();
-    if (row < 0 || !IsCommandEnabled(ConfigurationCommand::Copy, &m_rows[row]))
+    if (row < 0 || !m_store || !IsCommandEnabled(ConfigurationCommand::Copy, &m_rows[row]))
         return;
-    const ConfigurationRow source = m_rows[row];
-    const QString target = CopyTarget(source.file, host::userFileLocation(host()), FileExists);
-    if (target.isEmpty() || !CopyFile(source.file, target))
-        return;
-    // The copy belongs to the user, whatever the original was.
-    if (const XmlDocumentPtr copy = LoadXmlFile(target)) {
-        if (pugi::xml_node identification =
-                SelectSingleNode(*copy, QStringLiteral("//Identification")).node()) {
-            SetXmlInteger(QStringLiteral("System"), 0, identification);
-            SaveXmlDocument(*copy, target);
-        }
-    }
-    const QString name = SplitPath(target).name;
-    if (m_store && name.compare(source.name, Qt::CaseInsensitive) != 0)
-        m_store->SetPrinterForConfiguration(name, source.printer);
+    const ConfigurationChange change = m_store->copyConfiguration(m_rows[row].name);
+    if (!change.done())
+        tell(ConfigurationCommand::Copy, change, m_rows[row].name);
     LoadList();
-    selectConfiguration(name);
+    if (change.done())
+        selectConfiguration(change.name);
 }
 
 void frmPrinterConfigurations::deleteConfiguration()
 {
     const int row = selectedRow();
-    if (row < 0 || !IsCommandEnabled(ConfigurationCommand::Delete, &m_rows[row]))
+    if (row < 0 || !m_store || !IsCommandEnabled(ConfigurationCommand::Delete, &m_rows[row]))
         return;
-    const ConfigurationRow doomed = m_rows[row];
-    if (ShowMessage(DeleteQuestion(doomed.name), QMessageBox::Question,
-                    QMessageBox::Yes | QMessageBox::No, this)
+    const QString name = m_rows[row].name;
+    if (ShowMessage(DeleteQuestion(name), QMessageBox::Question, QMessageBox::Yes | QMessageBox::No,
+                    this)
         != QMessageBox::Yes)
         return;
-    if (!DeleteFile(doomed.file))
-        ShowMessage(QStringLiteral("The printer configuration could not be deleted."),
-                    QMessageBox::Warning, QMessageBox::Ok, this);
+    const ConfigurationChange change = m_store->deleteConfiguration(name);
+    if (!change.done())
+        tell(ConfigurationCommand::Delete, change, name);
     LoadList();
+}
+
+void frmPrinterConfigurations::tell(ConfigurationCommand command, const ConfigurationChange &change,
+                                    const QString &name, const QString &requested)
+{
+    ShowMessage(ChangeMessage(command, change, name, requested), QMessageBox::Warning,
+                QMessageBox::Ok, this);
 }
 
 void frmPrinterConfigurations::showPrinterProperties()

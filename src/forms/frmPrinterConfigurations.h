@@ -51,6 +51,9 @@ private:
     void showPrinterProperties();
     void lblShowPrinters_Click();
 
+    // Tells the user why a command made no change.
+    void tell(ConfigurationCommand command, const ConfigurationChange &change, const QString &name,
+              const QString &requested = QString());
     // The selected row's index, or -1.
     int selectedRow() const;
     void selectConfiguration(const QString &name);

@@ -4,6 +4,9 @@
 #include <QSaveFile>
 
 #ifdef Q_OS_UNIX
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
 #include <unistd.h>
 #endif
 
@@ -24,6 +27,19 @@ bool flushToDisk(QFileDevice &file)
 #endif
 }
 
+// What the system said of the last failure on the file: Qt's words, or the C library's
+// where only it saw the failure (fsync).
+QString systemError(const QFileDevice &file)
+{
+    if (file.error() != QFileDevice::NoError)
+        return file.errorString();
+#ifdef Q_OS_UNIX
+    if (errno != 0)
+        return QString::fromLocal8Bit(std::strerror(errno));
+#endif
+    return QStringLiteral("the system refused the file");
+}
+
 bool writeAll(QFileDevice &file, const QByteArray &bytes)
 {
     return file.write(bytes) == bytes.size() && flushToDisk(file);
@@ -32,35 +48,65 @@ bool writeAll(QFileDevice &file, const QByteArray &bytes)
 // Qt 6.4's QSaveFile::commit() flushes without looking at the result, so a document
 // smaller than its write buffer would be renamed into place short on a full disk: the
 // flush and the size are checked here before commit is allowed to rename.
-bool commitChecked(QSaveFile &file, const QByteArray &bytes)
+bool commitChecked(QSaveFile &file, const QByteArray &bytes, QString &why)
 {
     if (!writeAll(file, bytes) || file.size() != bytes.size()) {
+        why = systemError(file);
         file.cancelWriting();
         return false;
     }
-    return file.commit();
+    if (file.commit())
+        return true;
+    why = systemError(file);
+    return false;
 }
 
-// Rewrites an existing file through its own handle. The file first grows to the new
-// size, so that a full disk fails while the old content is still untouched; a failure
-// after that puts the old bytes back.
-bool overwriteInPlace(const QString &path, const QByteArray &bytes)
+// Makes room for `size` bytes before anything is overwritten, so that a full disk fails
+// while the old content is untouched. Where the system can reserve blocks without writing
+// (posix_fallocate) nothing else happens; otherwise zeros are appended, and taken off again
+// when they do not all fit.
+bool reserve(QFile &file, qint64 size, QString &why)
+{
+    const qint64 old = file.size();
+    if (size <= old)
+        return true;
+#ifdef Q_OS_UNIX
+    const int reserved = ::posix_fallocate(file.handle(), 0, size);
+    if (reserved == 0)
+        return true;
+    if (reserved != EOPNOTSUPP && reserved != EINVAL) {
+        why = QString::fromLocal8Bit(std::strerror(reserved));
+        return false;
+    }
+#endif
+    if (file.seek(old) && writeAll(file, QByteArray(size - old, '\0')))
+        return true;
+    why = systemError(file);
+    file.resize(old);
+    return false;
+}
+
+// Rewrites an existing file through its own, unbuffered handle: the room is reserved
+// first, then the new bytes are written and the file cut to exactly their length. A
+// failure after the room was reserved puts the old bytes back and the old length.
+bool overwriteInPlace(const QString &path, const QByteArray &bytes, QString &why)
 {
     QFile file(path);
-    if (!file.exists() || !file.open(QIODevice::ReadWrite))
+    if (!file.exists() || !file.open(QIODevice::ReadWrite | QIODevice::Unbuffered)) {
+        why = systemError(file);
         return false;
-    const QByteArray old = file.readAll();
-    if (file.error() != QFileDevice::NoError)
-        return false;
-    if (bytes.size() > old.size()) {
-        const QByteArray room(bytes.size() - old.size(), '\0');
-        if (!file.seek(old.size()) || !writeAll(file, room)) {
-            file.resize(old.size());
-            return false;
-        }
     }
-    if (file.seek(0) && writeAll(file, bytes) && file.resize(bytes.size()) && flushToDisk(file))
+    const QByteArray old = file.readAll();
+    if (file.error() != QFileDevice::NoError) {
+        why = systemError(file);
+        return false;
+    }
+    if (!reserve(file, bytes.size(), why))
+        return false;
+    if (file.seek(0) && writeAll(file, bytes) && file.resize(bytes.size()) && flushToDisk(file)
+        && file.size() == bytes.size())
         return true;
+    why = systemError(file);
     // Best effort: the room for the old bytes is still there, so this normally succeeds.
     file.seek(0);
     writeAll(file, old);
@@ -71,15 +117,22 @@ bool overwriteInPlace(const QString &path, const QByteArray &bytes)
 
 } // namespace
 
-bool WriteWholeFile(const QString &path, const QByteArray &bytes)
+bool WriteWholeFile(const QString &path, const QByteArray &bytes, QString *why)
 {
-    if (path.isEmpty())
-        return false;
-    QSaveFile file(path);
-    file.setDirectWriteFallback(false);
-    if (file.open(QIODevice::WriteOnly))
-        return commitChecked(file, bytes);
-    return overwriteInPlace(path, bytes);
+    QString reason = QStringLiteral("no file was named");
+    bool written = false;
+    if (!path.isEmpty()) {
+        QSaveFile file(path);
+        file.setDirectWriteFallback(false);
+        if (file.open(QIODevice::WriteOnly)) {
+            written = commitChecked(file, bytes, reason);
+        } else {
+            written = overwriteInPlace(path, bytes, reason);
+        }
+    }
+    if (!written && why)
+        *why = reason;
+    return written;
 }
 
 } // namespace bravcpl5

@@ -1,5 +1,6 @@
 #include "library/Xml.h"
 
+#include "library/Logging.h"
 #include "library/ValueRules.h"
 #include "library/WholeFile.h"
 
@@ -102,9 +103,30 @@ void settleDeclaration(pugi::xml_document &document)
         settled.append_attribute("standalone") = standalone.c_str();
 }
 
+// Where a byte offset is, as an editor shows it: "line 3, column 14" (columns in bytes).
+QString textPosition(const QByteArray &bytes, ptrdiff_t offset)
+{
+    const QByteArrayView before = QByteArrayView(bytes).first(
+        std::clamp(qsizetype(offset), qsizetype(0), bytes.size()));
+    const qsizetype lineStart = before.lastIndexOf('\n') + 1;
+    return QStringLiteral("line %1, column %2")
+        .arg(before.count('\n') + 1)
+        .arg(before.size() - lineStart + 1);
+}
+
+// Refuses a document, saying why in LastXmlError and, for a file, in the log with its path.
+XmlDocumentPtr refuse(const QString &path, QString why)
+{
+    if (!path.isEmpty())
+        qCWarning(lcXml).noquote() << "ignoring" << path << "-" << why;
+    lastError() = std::move(why);
+    return nullptr;
+}
+
 // Parses `bytes` in the encoding they declare (a byte-order mark, or UTF-8), and refuses
-// what is malformed, has no root element, or nests too deeply, saying why in LastXmlError.
-XmlDocumentPtr parse(const QByteArray &bytes, pugi::xml_encoding encoding)
+// what is malformed, has no root element, or nests too deeply. `path` names the file the
+// bytes came from, "" for text.
+XmlDocumentPtr parse(const QByteArray &bytes, pugi::xml_encoding encoding, const QString &path)
 {
     lastError().clear();
     if (bytes.isEmpty())
@@ -113,20 +135,19 @@ XmlDocumentPtr parse(const QByteArray &bytes, pugi::xml_encoding encoding)
     const pugi::xml_parse_result result = doc->load_buffer(bytes.constData(), size_t(bytes.size()),
                                                            parseOptions, encoding);
     if (!result) {
+        if (!path.isEmpty())
+            qCWarning(lcXml).noquote() << "ignoring" << path << "-" << result.description() << "at"
+                                       << textPosition(bytes, result.offset);
         lastError() = QStringLiteral("%1 at offset %2")
                           .arg(QString::fromUtf8(result.description()))
                           .arg(result.offset);
         return nullptr;
     }
-    if (!doc->document_element()) {
-        lastError() = QStringLiteral("No root element");
-        return nullptr;
-    }
-    if (elementDepth(*doc) > maxElementDepth) {
-        lastError() =
-            QStringLiteral("Elements nested more than %1 levels deep").arg(maxElementDepth);
-        return nullptr;
-    }
+    if (!doc->document_element())
+        return refuse(path, QStringLiteral("No root element"));
+    if (elementDepth(*doc) > maxElementDepth)
+        return refuse(
+            path, QStringLiteral("Elements nested more than %1 levels deep").arg(maxElementDepth));
     settleDeclaration(*doc);
     return doc;
 }
@@ -146,17 +167,27 @@ XmlDocumentPtr CreateXmlDocument(const QString &rootName)
 XmlDocumentPtr LoadXmlFile(const QString &path)
 {
     const qint64 size = fileSize(path);
-    if (size <= 0 || size > maxDocumentBytes)
+    if (size <= 0) {
+        qCDebug(lcXml).noquote() << "no document at" << path;
         return nullptr;
+    }
+    // A file that is never parsed leaves LastXmlError as it was; the log says why.
+    if (size > maxDocumentBytes) {
+        qCWarning(lcXml).noquote()
+            << "ignoring" << path << "-" << size << "bytes, more than a settings document ever has";
+        return nullptr;
+    }
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    if (!file.open(QIODevice::ReadOnly)) {
+        qCWarning(lcXml).noquote() << "cannot read" << path << "-" << file.errorString();
         return nullptr;
-    return parse(file.readAll(), pugi::encoding_auto);
+    }
+    return parse(file.readAll(), pugi::encoding_auto, path);
 }
 
 XmlDocumentPtr LoadXmlText(const QString &text)
 {
-    return parse(text.toUtf8(), pugi::encoding_utf8);
+    return parse(text.toUtf8(), pugi::encoding_utf8, QString());
 }
 
 QString LastXmlError() { return lastError(); }
@@ -320,7 +351,10 @@ bool SaveXmlDocument(const pugi::xml_document &document, const QString &path)
 {
     if (path.isEmpty())
         return false;
-    return WriteWholeFile(path, XmlDocumentText(document));
+    if (WriteWholeFile(path, XmlDocumentText(document)))
+        return true;
+    qCWarning(lcXml).noquote() << "could not save" << path;
+    return false;
 }
 
 } // namespace bravcpl5

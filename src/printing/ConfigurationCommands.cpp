@@ -17,6 +17,8 @@ const QList<ConfigurationCommand> &PrinterBarCommands()
 QString CommandCaption(ConfigurationCommand command)
 {
     switch (command) {
+    case ConfigurationCommand::Rename:
+        return QStringLiteral("Rename");
     case ConfigurationCommand::Refresh:
         return QStringLiteral("Refresh");
     case ConfigurationCommand::PrinterProperties:
@@ -37,6 +39,8 @@ bool IsCommandEnabled(ConfigurationCommand command, const ConfigurationRow *sele
     const bool hasPrinter = selected && !selected->printer.isEmpty();
     const bool system = selected && selected->system;
     switch (command) {
+    case ConfigurationCommand::Rename:
+        return hasFile;
     case ConfigurationCommand::Refresh:
         return true;
     case ConfigurationCommand::PrinterProperties:
@@ -121,6 +125,39 @@ QString DeleteQuestion(const QString &name)
 {
     return QStringLiteral("Are you sure you want to delete the printer configuration '") + name
            + QStringLiteral("'?");
+}
+
+QString ChangeMessage(ConfigurationCommand command, const ConfigurationChange &change,
+                      const QString &name, const QString &requested)
+{
+    switch (change.result) {
+    case ChangeResult::Done:
+        return QString();
+    case ChangeResult::UnknownConfiguration:
+        return QStringLiteral("There is no printer configuration named '%1'.").arg(name);
+    case ChangeResult::NotAllowed:
+        if (command == ConfigurationCommand::Delete)
+            return QStringLiteral("The printer configuration '%1' cannot be deleted: it is shared, "
+                                  "or has no printer of its own.")
+                .arg(name);
+        return QStringLiteral("The printer configuration '%1' cannot be copied: it has no "
+                              "printer of its own.")
+            .arg(name);
+    case ChangeResult::NameRefused:
+        return RenameRefusalMessage(change.refusal, requested);
+    case ChangeResult::NameTaken:
+        return RenameExistsMessage(change.file);
+    case ChangeResult::NotSaved:
+        break;
+    }
+    switch (command) {
+    case ConfigurationCommand::Delete:
+        return QStringLiteral("The printer configuration could not be deleted.");
+    case ConfigurationCommand::Copy:
+        return QStringLiteral("The printer configuration '%1' could not be copied.").arg(name);
+    default:
+        return QStringLiteral("The printer configuration '%1' could not be renamed.").arg(name);
+    }
 }
 
 } // namespace bravcpl5

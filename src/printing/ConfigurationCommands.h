@@ -10,8 +10,10 @@
 
 namespace bravcpl5 {
 
-// The dialog's commands by their identifiers (a toolbar action's data).
+// The dialog's commands by their identifiers (a toolbar action's data); a rename is the
+// edit of a row's name, on no toolbar.
 enum class ConfigurationCommand {
+    Rename = 0,
     Refresh = 1002,
     PrinterProperties = 1003,
     PageSetup = 1004,
@@ -37,7 +39,7 @@ bool IsCommandEnabled(ConfigurationCommand command, const ConfigurationRow *sele
 
 // Why a configuration cannot take a name. Names stay valid file names on Windows and
 // Linux alike, so that a shared configuration folder works from either.
-enum class NameRefusal { None, Empty, Characters, Reserved };
+enum class NameRefusal : int { None, Empty, Characters, Reserved };
 NameRefusal CheckConfigurationName(const QString &name);
 // What the user is told when `name` is refused for a rename.
 QString RenameRefusalMessage(NameRefusal refusal, const QString &name);
@@ -54,5 +56,27 @@ QString CopyTarget(const QString &file, const QString &userFolder,
                    const std::function<bool(const QString &)> &exists);
 
 QString DeleteQuestion(const QString &name);
+
+// What became of a rename, copy or delete of the store: done, or why nothing changed.
+enum class ChangeResult : int {
+    Done,
+    UnknownConfiguration, // no configuration has the name
+    NotAllowed,           // the command is not enabled for the configuration
+    NameRefused,          // the new name is refused, `refusal` says why
+    NameTaken,            // a configuration file of the new name exists
+    NotSaved,             // the file system or the registry refused; nothing changed
+};
+struct ConfigurationChange {
+    ChangeResult result = ChangeResult::NotSaved;
+    NameRefusal refusal = NameRefusal::None;
+    QString name; // the configuration's name after the change (the copy's, for a copy)
+    QString file; // its file after the change; for NameTaken, the file in the way
+
+    bool done() const { return result == ChangeResult::Done; }
+};
+// What the user is told when a command on `name` made no change; "" when it was done.
+// `requested` is the new name of a rename.
+QString ChangeMessage(ConfigurationCommand command, const ConfigurationChange &change,
+                      const QString &name, const QString &requested = QString());
 
 } // namespace bravcpl5

@@ -2,9 +2,8 @@
 
 #include "library/ValueRules.h"
 #include "library/Xml.h"
-#include "printing/PageSetupElements.h"
-#include "printing/PaperSizeCodes.h"
-#include "printing/PrinterInfo.h"
+#include "printers/PaperSizeCodes.h"
+#include "printing/ConfigurationElements.h"
 
 #include <span>
 
@@ -42,28 +41,16 @@ pugi::xml_node pageSetupNode(const pugi::xml_document &document)
     return SelectSingleNode(document, QString::fromLatin1(pagesetup::xpath)).node();
 }
 
-// The system default printer's current paper size and bin, from one read of the printer;
-// none without a default printer.
-struct SystemDefaults {
-    std::optional<int> paperSize, paperBin;
-};
-
-SystemDefaults systemPrinterDefaults()
-{
-    const PrinterInfo &info = CurrentPrinterInfo();
-    const QString printer = info.defaultPrinterName();
-    if (printer.isEmpty())
-        return {};
-    const PrinterPaper paper = info.paper(printer);
-    return {paper.currentSize, paper.currentBin};
-}
-
 // Selects the stored code (or the default) in a list: that entry, else the first, else
 // nothing. Without a default (no default printer, as on many CUPS workstations) only a
 // stored code counts, and the first entry still stands in for anything else.
 void readSelection(pugi::xml_node node, const char *element, std::optional<int> defaultCode,
-                   const QList<int> &codes, std::optional<int> &selected)
+                   const QList<int> &codes, bool storedCodes, std::optional<int> &selected)
 {
+    if (storedCodes) {
+        selected = values::textToInt16(GetXmlValue(name(element), node, QString()));
+        return;
+    }
     const auto fallback = defaultCode ? values::toInt16(*defaultCode) : std::nullopt;
     std::optional<int> code;
     if (fallback)
@@ -102,20 +89,30 @@ void writeCode(pugi::xml_node node, const char *element, std::optional<int> code
 
 } // namespace
 
-bool PageSetup::read(const pugi::xml_document &document, const PageSetupChoices &choices)
+PaperDefaults DefaultPrinterPaper(const PrinterInfo &info)
+{
+    const QString printer = info.defaultPrinterName();
+    if (printer.isEmpty())
+        return {};
+    const PrinterPaper paper = info.paper(printer);
+    return {paper.currentSize, paper.currentBin};
+}
+
+bool PageSetup::read(const pugi::xml_document &document, const PageSetupChoices &choices,
+                     const PaperDefaults &paper)
 {
     const pugi::xml_node node = pageSetupNode(document);
     if (!node)
         return false;
 
-    const SystemDefaults defaults = systemPrinterDefaults();
-    readSelection(node, pagesetup::paperSize, defaults.paperSize, choices.paperSizes, paperSize);
+    readSelection(node, pagesetup::paperSize, paper.paperSize, choices.paperSizes,
+                  choices.storedCodes, paperSize);
     if (paperSize && *paperSize >= FirstPrinterPaperCode) {
         paperWidth = GetXmlValue(name(pagesetup::paperWidth), node, QString());
         paperHeight = GetXmlValue(name(pagesetup::paperHeight), node, QString());
     }
-    readSelection(node, pagesetup::paperSource, defaults.paperBin, choices.paperSources,
-                  paperSource);
+    readSelection(node, pagesetup::paperSource, paper.paperBin, choices.paperSources,
+                  choices.storedCodes, paperSource);
     readLengths(node, marginFields, *this);
     // The check box takes 0 (clear) and 1 (ticked) only; it keeps its state otherwise.
     const int mirror = GetXmlInteger(name(pagesetup::mirrorMargins), node, 0);
@@ -123,7 +120,8 @@ bool PageSetup::read(const pugi::xml_document &document, const PageSetupChoices 
         mirrorMargins = mirror == 1;
     landscape = GetXmlInteger(name(pagesetup::orientation), node, 0) != 0;
     columnsPerSheet = GetXmlValue(name(pagesetup::columnsPerSheet), node, QStringLiteral("1"));
-    readSelection(node, pagesetup::printDirection, 0, choices.printDirections, printDirection);
+    readSelection(node, pagesetup::printDirection, 0, choices.printDirections, choices.storedCodes,
+                  printDirection);
     readLengths(node, labelFields, *this);
     return true;
 }
@@ -148,10 +146,11 @@ bool PageSetup::write(pugi::xml_document &document) const
     return true;
 }
 
-bool ReadPageSetup(const QString &file, const PageSetupChoices &choices, PageSetup &fields)
+bool ReadPageSetup(const QString &file, const PageSetupChoices &choices, const PaperDefaults &paper,
+                   PageSetup &fields)
 {
     const XmlDocumentPtr document = LoadXmlFile(file);
-    return document && fields.read(*document, choices);
+    return document && fields.read(*document, choices, paper);
 }
 
 bool WritePageSetup(const QString &file, const PageSetup &fields)

@@ -6,6 +6,7 @@
 // controls; reading and writing a document works on the value alone.
 
 #include "library/XmlDocument.h"
+#include "printers/PrinterInfo.h"
 
 #include <QList>
 #include <QString>
@@ -18,7 +19,19 @@ struct PageSetupChoices {
     QList<int> paperSizes;
     QList<int> paperSources;
     QList<int> printDirections;
+    // Takes every stored code as it stands, none where none is stored: the file as it is,
+    // for a listing rather than a dialog's lists.
+    bool storedCodes = false;
 };
+
+// The paper a page setup takes where its file stores none: the current size and bin of the
+// workstation's default printer; none without one.
+struct PaperDefaults {
+    std::optional<int> paperSize;
+    std::optional<int> paperBin;
+};
+// The defaults from one read of `info`'s default printer.
+PaperDefaults DefaultPrinterPaper(const PrinterInfo &info);
 
 struct PageSetup {
     // Lengths in inches, as typed (".125" stays ".125").
@@ -46,21 +59,23 @@ struct PageSetup {
     bool operator==(const PageSetup &) const = default;
 
     // Fills the fields from a document's "PageSetup" element: stored values, else the
-    // defaults (the system default printer's current paper size and bin). A stored code
-    // that the choices lack selects their first entry. Paper width and height are read
+    // defaults (for paper size and bin, `paper`). A stored code that the choices lack
+    // selects their first entry. Paper width and height are read
     // only for a custom size (code 256 and up); otherwise they keep what the chosen paper
     // gave them. False, with the fields untouched, when there is no "PageSetup" element.
-    bool read(const pugi::xml_document &document, const PageSetupChoices &choices);
+    bool read(const pugi::xml_document &document, const PageSetupChoices &choices,
+              const PaperDefaults &paper);
     // Stores the fields into the document's "PageSetup" element, which is never created.
     // A field whose text is not a number, or a list with nothing selected, leaves its
     // element as it was. False when there is no "PageSetup" element.
     bool write(pugi::xml_document &document) const;
 };
 
-// The same on a configuration's file, found by the store: reading leaves `fields`
+// The same on a configuration's file (the store finds it by name): reading leaves `fields`
 // untouched when there is no file; writing saves the file in place and is false when it
 // could not.
-bool ReadPageSetup(const QString &file, const PageSetupChoices &choices, PageSetup &fields);
+bool ReadPageSetup(const QString &file, const PageSetupChoices &choices, const PaperDefaults &paper,
+                   PageSetup &fields);
 bool WritePageSetup(const QString &file, const PageSetup &fields);
 
 } // namespace bravcpl5

@@ -3,7 +3,7 @@
 #include "library/LateBinding.h"
 #include "library/ValueRules.h"
 #include "library/Xml.h"
-#include "printing/PageSetupElements.h"
+#include "printing/ConfigurationElements.h"
 #include "printing/ReportContract.h"
 
 #include <optional>

@@ -1,12 +1,16 @@
 #include "printing/PrinterConfigurations.h"
 
+#include "library/FileOperations.h"
 #include "library/HostContract.h"
 #include "library/LateBinding.h"
+#include "library/Logging.h"
 #include "library/Messages.h"
 #include "library/Registry.h"
 #include "library/Xml.h"
+#include "printing/ConfigurationCommands.h"
+#include "printing/ConfigurationElements.h"
 #include "printing/ConfigurationFiles.h"
-#include "printing/PageSetupElements.h"
+#include "printing/PageSetup.h"
 #include "printing/PageSetupToReport.h"
 #include "printing/ReportContract.h"
 
@@ -37,6 +41,23 @@ struct Folder {
 };
 
 Folder listFolder(const QString &path) { return {path, ListConfigurationFiles(path)}; }
+
+// A change that did not happen, and why.
+ConfigurationChange unchanged(ChangeResult why, NameRefusal refusal = NameRefusal::None,
+                              const QString &inTheWay = QString())
+{
+    return {why, refusal, QString(), inTheWay};
+}
+
+ConfigurationChange changed(const QString &name, const QString &file)
+{
+    return {ChangeResult::Done, NameRefusal::None, name, file};
+}
+
+pugi::xml_node identificationNode(const pugi::xml_document &document)
+{
+    return SelectSingleNode(document, QString::fromLatin1(identification::xpath)).node();
+}
 
 // Adds each configuration of the folder that is not listed yet; `listed` mirrors `list`
 // so that the test stays constant-time however many configurations there are.
@@ -164,9 +185,16 @@ QString PrinterConfigurations::GetPrinterForConfiguration(const QString &Printer
 void PrinterConfigurations::SetPrinterForConfiguration(const QString &PrinterConfiguration,
                                                        const QString &Printer)
 {
+    assignPrinter(PrinterConfiguration, Printer);
+}
+
+bool PrinterConfigurations::assignPrinter(const QString &configuration, const QString &printer)
+{
     const QString key = PrinterConfigurationsKey(host());
-    if (!key.isEmpty())
-        SetRegValue(HKEY_CURRENT_USER_HANDLE, key, PrinterConfiguration, Printer);
+    if (!key.isEmpty() && SetRegValue(HKEY_CURRENT_USER_HANDLE, key, configuration, printer))
+        return true;
+    qCWarning(lcStore) << "could not assign" << printer << "to" << configuration;
+    return false;
 }
 
 bool PrinterConfigurations::VerifyPrinterConfigurations(bool Verbose, bool CanFix)
@@ -205,9 +233,9 @@ bool PrinterConfigurations::PrinterConfigurationIsSystem(const QString &NameOrFi
     const XmlDocumentPtr document = LoadXmlFile(file);
     if (!document)
         return false;
-    const pugi::xml_node identification =
-        SelectSingleNode(*document, QStringLiteral("//Identification")).node();
-    return identification && GetXmlInteger(QStringLiteral("System"), identification, 0) > 0;
+    const pugi::xml_node identification = identificationNode(*document);
+    return identification
+           && GetXmlInteger(QString::fromLatin1(identification::system), identification, 0) > 0;
 }
 
 QString PrinterConfigurations::GetPrinterConfigurationFileFromName(const QString &Name)
@@ -216,6 +244,113 @@ QString PrinterConfigurations::GetPrinterConfigurationFileFromName(const QString
         return QString();
     const QString user = FindConfigurationFile(userFolder(), Name);
     return user.isEmpty() ? FindConfigurationFile(systemFolder(), Name) : user;
+}
+
+QList<ConfigurationRow> PrinterConfigurations::configurations()
+{
+    const QHash<QString, QString> printers = printerAssignments();
+    QList<ConfigurationRow> rows;
+    for (const NamedFile &configuration : configurationFiles())
+        rows.append({configuration.name, printers.value(configuration.name.toCaseFolded()),
+                     configuration.file, PrinterConfigurationIsSystem(configuration.file)});
+    return rows;
+}
+
+std::optional<ConfigurationRow> PrinterConfigurations::configuration(const QString &name)
+{
+    const QString file = GetPrinterConfigurationFileFromName(name);
+    if (file.isEmpty())
+        return std::nullopt;
+    return ConfigurationRow{SplitPath(file).name, GetPrinterForConfiguration(name, true), file,
+                            PrinterConfigurationIsSystem(file)};
+}
+
+bool PrinterConfigurations::readPageSetup(const QString &configuration,
+                                          const PageSetupChoices &choices,
+                                          const PaperDefaults &paper, PageSetup &pageSetup)
+{
+    return ReadPageSetup(GetPrinterConfigurationFileFromName(configuration), choices, paper,
+                         pageSetup);
+}
+
+bool PrinterConfigurations::savePageSetup(const QString &configuration, const PageSetup &pageSetup)
+{
+    return WritePageSetup(GetPrinterConfigurationFileFromName(configuration), pageSetup);
+}
+
+ConfigurationChange PrinterConfigurations::renameConfiguration(const QString &configuration,
+                                                               const QString &name)
+{
+    const std::optional<ConfigurationRow> row = this->configuration(configuration);
+    if (!row)
+        return unchanged(ChangeResult::UnknownConfiguration);
+    if (name == row->name)
+        return changed(row->name, row->file);
+    // Refused names never reach the file system.
+    if (const NameRefusal refusal = CheckConfigurationName(name); refusal != NameRefusal::None)
+        return unchanged(ChangeResult::NameRefused, refusal);
+    const QString target = RenameTarget(row->file, name);
+    if (FileExists(target))
+        return unchanged(ChangeResult::NameTaken, NameRefusal::None, target);
+    if (!MoveFile(row->file, target)) {
+        qCWarning(lcStore) << "could not move" << row->file << "to" << target;
+        return unchanged(ChangeResult::NotSaved);
+    }
+    // The old name's printer goes with it; the old name's value stays in the registry. A
+    // printer that cannot be assigned undoes the move.
+    if (!row->printer.isEmpty() && !assignPrinter(name, row->printer)) {
+        MoveFile(target, row->file);
+        return unchanged(ChangeResult::NotSaved);
+    }
+    qCDebug(lcStore) << "renamed" << row->file << "to" << target;
+    return changed(name, target);
+}
+
+ConfigurationChange PrinterConfigurations::copyConfiguration(const QString &configuration)
+{
+    const std::optional<ConfigurationRow> row = this->configuration(configuration);
+    if (!row)
+        return unchanged(ChangeResult::UnknownConfiguration);
+    if (!IsCommandEnabled(ConfigurationCommand::Copy, &*row))
+        return unchanged(ChangeResult::NotAllowed);
+    const QString target = CopyTarget(row->file, userFolder(), FileExists);
+    if (target.isEmpty())
+        return unchanged(ChangeResult::NotSaved);
+    // The copy belongs to the user, whatever the original was: it is written whole with
+    // System 0 or not at all, never as a shared configuration that would hide the original.
+    bool copied = false;
+    if (const XmlDocumentPtr copy = LoadXmlFile(row->file)) {
+        if (const pugi::xml_node identification = identificationNode(*copy))
+            SetXmlInteger(QString::fromLatin1(identification::system), 0, identification);
+        copied = SaveXmlDocument(*copy, target);
+    } else {
+        copied = CopyFile(row->file, target); // not ours to read: copied as it is
+    }
+    const QString name = SplitPath(target).name;
+    if (copied && name.compare(row->name, Qt::CaseInsensitive) != 0
+        && !assignPrinter(name, row->printer)) {
+        DeleteFile(target);
+        copied = false;
+    }
+    if (!copied) {
+        qCWarning(lcStore) << "could not copy" << row->file << "to" << target;
+        return unchanged(ChangeResult::NotSaved);
+    }
+    return changed(name, target);
+}
+
+ConfigurationChange PrinterConfigurations::deleteConfiguration(const QString &configuration)
+{
+    const std::optional<ConfigurationRow> row = this->configuration(configuration);
+    if (!row)
+        return unchanged(ChangeResult::UnknownConfiguration);
+    if (!IsCommandEnabled(ConfigurationCommand::Delete, &*row))
+        return unchanged(ChangeResult::NotAllowed);
+    if (!DeleteFile(row->file)) {
+        qCWarning(lcStore) << "could not delete" << row->file;
+        return unchanged(ChangeResult::NotSaved);
+    }
+    return changed(row->name, QString());
 }
 
 } // namespace bravcpl5

@@ -6,15 +6,24 @@
 #include <QHash>
 #include <QString>
 #include <QStringList>
+#include <optional>
 
 namespace bravcpl5 {
+
+struct ConfigurationChange;
+struct ConfigurationRow;
+struct PageSetup;
+struct PageSetupChoices;
+struct PaperDefaults;
 
 // The value of the printer-configurations key that names the fallback printer.
 inline constexpr auto DefaultPrinterValueName = "(Default)";
 
 // The printer-configuration service: the named configurations of the system and user
-// folders, the printer each one prints to, and their page setup. It keeps nothing but its
-// Owner: every call reads the folders, files and registry afresh. Failures give empty or
+// folders, the printer each one prints to, and their page setup. It is the one place that
+// reads and writes configuration files (printing/ConfigurationElements.h names what is in
+// them). It keeps nothing but its Owner: every call reads the folders, files and registry
+// afresh. Failures give empty or
 // False results; only GetPrinterConfigurationToUse and VerifyPrinterConfigurations speak
 // to the user, and only when Verbose.
 class BRAVCPL5_EXPORT PrinterConfigurations : public Service
@@ -54,6 +63,8 @@ public:
     Q_INVOKABLE bool ShowPageSetup(const QString &PrinterConfiguration,
                                    const QString &PrinterName = QString());
 
+    // What the dialogs and the workstation tool build on, beside the published members.
+
     // Every configuration of GetPrinterConfigurations with the file lookups by name use
     // (GetPrinterConfigurationFileFromName), each folder listed once: for lists of every
     // configuration, where a lookup per name would list the folders once per row.
@@ -65,8 +76,32 @@ public:
     // Every configuration's own printer (GetPrinterForConfiguration with SkipDefault), read
     // at once, keyed by the case-folded configuration name.
     QHash<QString, QString> printerAssignments();
+    // Every configuration with its file, own printer and system flag, in listing order.
+    QList<ConfigurationRow> configurations();
+
+    // Assigns the printer as SetPrinterForConfiguration does; false when it was not saved.
+    bool assignPrinter(const QString &configuration, const QString &printer);
+
+    // The configuration's page setup, read with the given choices and paper defaults;
+    // false, with `pageSetup` untouched, when it has no file or no "PageSetup" element.
+    bool readPageSetup(const QString &configuration, const PageSetupChoices &choices,
+                       const PaperDefaults &paper, PageSetup &pageSetup);
+    // Saves the page setup into the configuration's file; false when nothing was saved.
+    bool savePageSetup(const QString &configuration, const PageSetup &pageSetup);
+
+    // The printer configurations dialog's commands on files, with its rules: each is done
+    // whole (the file and the assignment that goes with it) or changes nothing.
+    // Renames the file in its folder; the printer goes with the new name.
+    ConfigurationChange renameConfiguration(const QString &configuration, const QString &name);
+    // Copies the configuration into the user folder as the user's own (System 0), with its
+    // printer.
+    ConfigurationChange copyConfiguration(const QString &configuration);
+    // Deletes the file; the registry value stays.
+    ConfigurationChange deleteConfiguration(const QString &configuration);
 
 private:
+    // The configuration that lookups by name find, or none.
+    std::optional<ConfigurationRow> configuration(const QString &name);
     QString systemFolder() const;
     QString userFolder() const;
     QString registryValue(const QString &valueName) const;

@@ -1,7 +1,7 @@
 #include "report/PdfMediaBox.h"
 
 #include "library/WholeFile.h"
-#include "printing/PaperSizeCodes.h"
+#include "printers/PaperSizeCodes.h"
 
 #include <QFile>
 

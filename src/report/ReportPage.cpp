@@ -1,6 +1,6 @@
 #include "report/ReportPage.h"
 
-#include "printing/PaperSizeCodes.h"
+#include "printers/PaperSizeCodes.h"
 
 #include <algorithm>
 

@@ -6,8 +6,8 @@
 // noted, never dropped in silence.
 
 #include "library/Units.h"
-#include "printing/CupsQueue.h"
-#include "printing/PrinterInfo.h"
+#include "printers/CupsQueue.h"
+#include "printers/PrinterInfo.h"
 
 #include <QMarginsF>
 #include <QPageLayout>

@@ -75,6 +75,8 @@ protected:
                            QDir(folder.path()).filePath("user"));
         environment.insert(QStringLiteral("BRAVCPL5_PROFILE"), profile);
         environment.insert(QStringLiteral("BRAVCPL5_REGISTRY"), registryFile(profile));
+        for (const auto &[name, value] : std::as_const(extraEnvironment))
+            environment.insert(name, value);
         tool.setProcessEnvironment(environment);
         tool.start(QStringLiteral(BRAVCPL5_CONFIG_TOOL), arguments);
         ToolRun result;
@@ -86,7 +88,10 @@ protected:
         return result;
     }
 
+    QString path(const QString &name) const { return QDir(folder.path()).filePath(name); }
+
     QTemporaryDir folder;
+    QList<std::pair<QString, QString>> extraEnvironment;
 };
 
 TEST_F(ConfigTool, AssignmentsAreListedVerifiedAndCarriedToAnotherWorkstation)
@@ -161,6 +166,75 @@ TEST_F(ConfigTool, ARefusedRequestChangesNothing)
         EXPECT_TRUE(result.err.startsWith("bravcpl5-config: ")) << result.err.toStdString();
         EXPECT_EQ(registry(), before) << arguments.join(' ').toStdString();
     }
+}
+
+// Rename, copy and delete refuse what the printer configurations dialog refuses, with its
+// words, exit 2 and nothing changed; what they do is whole, printer assignment included.
+TEST_F(ConfigTool, RenameCopyAndDeleteFollowTheDialogsRules)
+{
+    write("user/Invoice.pcx", "<PrinterConfiguration><PageSetup/></PrinterConfiguration>");
+    write("system/Legal.pcx", "<PrinterConfiguration><Identification><System>1</System>"
+                              "</Identification><PageSetup/></PrinterConfiguration>");
+    for (const char *name : {"Letter", "Shipping Labels", "Legal"})
+        ASSERT_EQ(run({"assign", name, "Label-Printer"}).status, 0) << name;
+
+    const struct {
+        QStringList arguments;
+        const char *says;
+    } refused[] = {
+        {{"rename", "Shipping Labels", "a/b"}, "cannot contain any of these characters"},
+        {{"rename", "Shipping Labels", "lpt1"}, "reserved by the system"},
+        {{"rename", "Shipping Labels", " . "}, "must have a name"},
+        {{"rename", "Shipping Labels", "Invoice"}, "becuase a printer configuration with the name"},
+        {{"rename", "Missing", "Other"}, "no printer configuration named 'Missing'"},
+        {{"copy", "Invoice"}, "has no printer of its own"},
+        {{"delete", "Legal"}, "cannot be deleted"},   // shared
+        {{"delete", "Invoice"}, "cannot be deleted"}, // no printer of its own
+        {{"rename", "Letter"}, "takes 2 argument(s)"},
+    };
+    const QStringList before = QDir(path("user")).entryList(QDir::Files)
+                               + QDir(path("system")).entryList(QDir::Files);
+    const QByteArray assignments = registry();
+    for (const auto &c : refused) {
+        const ToolRun result = run(c.arguments);
+        EXPECT_EQ(result.status, 2) << c.arguments.join(' ').toStdString();
+        EXPECT_TRUE(result.err.contains(QString::fromUtf8(c.says)))
+            << c.arguments.join(' ').toStdString() << ": " << result.err.toStdString();
+    }
+    EXPECT_EQ(QDir(path("user")).entryList(QDir::Files)
+                  + QDir(path("system")).entryList(QDir::Files),
+              before);
+    EXPECT_EQ(registry(), assignments);
+
+    EXPECT_EQ(run({"rename", "shipping labels", "Shipping"}).status, 0);
+    EXPECT_EQ(run({"copy", "Letter"}).status, 0); // the shared one becomes the user's own
+    EXPECT_EQ(run({"copy", "Shipping"}).status, 0);
+    EXPECT_EQ(run({"delete", "Shipping"}).status, 0);
+    const QJsonArray rows = QJsonDocument::fromJson(run({"list", "--json"}).out.toUtf8())
+                                .object()
+                                .value("configurations")
+                                .toArray();
+    QStringList listed;
+    for (const QJsonValue &row : rows)
+        listed << row[QStringLiteral("name")].toString() + "|"
+                      + row[QStringLiteral("printer")].toString() + "|"
+                      + QFileInfo(row[QStringLiteral("file")].toString()).dir().dirName() + "|"
+                      + (row[QStringLiteral("system")].toBool() ? "1" : "0");
+    EXPECT_EQ(listed, QStringList({"Legal|Label-Printer|system|1", "Letter|Label-Printer|user|0",
+                                   "Invoice||user|0", "Shipping - Copy|Label-Printer|user|0"}));
+}
+
+// The library's log, switched on as Qt's users switch it on, names a malformed file and
+// where in it the parser stopped.
+TEST_F(ConfigTool, TheLogNamesAMalformedConfigurationAndWhereItBreaks)
+{
+    write("system/Broken.pcx", "<PrinterConfiguration>\n  <PageSetup>\n    <TopMargin>1</Top>\n");
+    extraEnvironment = {{"QT_LOGGING_RULES", "bravcpl5.*=true"}};
+    const ToolRun show = run({"show", "Broken"});
+    EXPECT_EQ(show.status, 2);
+    EXPECT_TRUE(show.err.contains("bravcpl5.xml: ignoring " + path("system/Broken.pcx")))
+        << show.err.toStdString();
+    EXPECT_TRUE(show.err.contains("line 3, column")) << show.err.toStdString();
 }
 
 // A PPD with German translations lists its bins in German under a German LANG, with the

@@ -4,10 +4,12 @@
 // Opening refusals use a printer information without printers or without a default.
 
 #include "forms/PageSetupPicture.h"
+#include "forms/frmPageSetup.h"
 #include "library/Xml.h"
+#include "printers/PrinterInfo.h"
+#include "printing/PageSetupFields.h"
 #include "printing/PageSetupPreview.h"
 #include "printing/PrinterConfigurations.h"
-#include "printing/PrinterInfo.h"
 #include "support/DialogDriver.h"
 #include "support/ListedPrinters.h"
 #include "support/MessageRecorder.h"
@@ -16,6 +18,7 @@
 #include "support/StoreFixture.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QFile>
 #include <QLineEdit>
@@ -345,6 +348,59 @@ TEST_F(PageSetupDialog, WithoutSizesOrBinsOffersCustomAndNoSource)
         EXPECT_EQ(child<QListWidget>(d, "lstPaperSource")->count(), 0);
     }));
     EXPECT_TRUE(saved(file).contains("PaperSize=256"));
+}
+
+// One printer with two sheets and two bins, Letter and Automatic its current ones.
+struct OfficePrinter final : PaperPrinterInfo {
+    QStringList printerNames() const override { return {QStringLiteral("Office")}; }
+    QString defaultPrinterName() const override { return QStringLiteral("Office"); }
+    PrinterPaper paper(const QString &) const override
+    {
+        return {
+            {{QStringLiteral("Letter"), 1, 12240, 15840}, {QStringLiteral("A4"), 9, 11906, 16838}},
+            {{QStringLiteral("Automatic"), 7}, {QStringLiteral("Manual Feed"), 4}},
+            1,
+            7};
+    }
+};
+
+// The form built directly, its controls set by name: the one value it holds changes with
+// the control that changed, the previews draw that value, and OK saves exactly it.
+TEST_F(PageSetupDialog, TheFormHoldsOneValueThatEachControlChanges)
+{
+    SetPrinterInfo(std::make_unique<OfficePrinter>());
+    const QString file = configure("<PaperSize>9</PaperSize><TopMargin>.5</TopMargin>");
+    frmPageSetup form;
+    ASSERT_TRUE(form.Open(QStringLiteral("Invoice"), QStringLiteral("Office"), store));
+    PageSetup expected{".5",     "1", "1", "1", "0",    false, false, 9,  "8.268",
+                       "11.693", 7,   "1", 0,   ".125", "0",   "3.5", "1"};
+    EXPECT_TRUE(form.value() == expected);
+
+    child<QLineEdit>(&form, "txtLeftMargin")->setText(QStringLiteral("0.75"));
+    choose(child<QComboBox>(&form, "cboPaperSize"), QStringLiteral("Letter"));
+    child<QRadioButton>(&form, "optLandscape")->setChecked(true);
+    child<QCheckBox>(&form, "chkMirrorMargins")->setChecked(true);
+    child<QListWidget>(&form, "lstPaperSource")->setCurrentRow(1);
+    expected.leftMargin = "0.75";
+    expected.paperSize = 1;
+    expected.paperWidth = "8.5";
+    expected.paperHeight = "11";
+    expected.landscape = true;
+    expected.mirrorMargins = true;
+    expected.paperSource = 4;
+    EXPECT_TRUE(form.value() == expected);
+    EXPECT_EQ(child<QLineEdit>(&form, "txtPaperWidth")->text(), "8.5");
+    for (const char *picture : {"picPreview1", "picPreview2", "picPreview3"})
+        EXPECT_TRUE(child<PageSetupPicture>(&form, picture)->record() == PreviewRecord(expected))
+            << picture;
+
+    child<QPushButton>(&form, "cmdOK")->click();
+    EXPECT_EQ(saved(file),
+              QStringList({"PaperSize=1", "TopMargin=0.5", "BottomMargin=1", "LeftMargin=0.75",
+                           "RightMargin=1", "Gutter=0", "MirrorMargins=1", "Orientation=1",
+                           "PaperWidth=8.5", "PaperHeight=11", "PaperSource=4", "ColumnsPerSheet=1",
+                           "PrintDirection=0", "HorizontalGap=0.125", "VerticalGap=0",
+                           "LabelWidth=3.5", "LabelHeight=1"}));
 }
 
 } // namespace

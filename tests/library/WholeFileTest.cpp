@@ -86,6 +86,20 @@ TEST(WholeFile, ASaveThatCannotGoAnywhereLeavesTheFileWhole)
              return fs.lockFolderKeepingFileWritable(path);
          },
          40000},
+        // Room for part of the growth, none for the rest: a growth larger and one smaller
+        // than the write buffer.
+        {"in place on a nearly full disk, large",
+         [](test::SmallFileSystem &fs, const QString &path) {
+             fs.fill(6000);
+             return fs.lockFolderKeepingFileWritable(path);
+         },
+         40000},
+        {"in place on a nearly full disk, small",
+         [](test::SmallFileSystem &fs, const QString &path) {
+             fs.fill(6000);
+             return fs.lockFolderKeepingFileWritable(path);
+         },
+         12000},
         {"a read-only file, smaller",
          [](test::SmallFileSystem &fs, const QString &path) { return fs.makeReadOnly(path); },
          1000},
@@ -100,8 +114,10 @@ TEST(WholeFile, ASaveThatCannotGoAnywhereLeavesTheFileWhole)
         const QByteArray old = document(3000, 'o');
         ASSERT_TRUE(WriteWholeFile(path, old)) << what;
         ASSERT_TRUE(prepare(fs, path)) << what;
-        EXPECT_FALSE(WriteWholeFile(path, document(size, 'n'))) << what;
-        EXPECT_EQ(test::readFile(path), old) << what;
+        QString why;
+        EXPECT_FALSE(WriteWholeFile(path, document(size, 'n'), &why)) << what;
+        EXPECT_EQ(test::readFile(path), old) << what; // not a byte more, no padding
+        EXPECT_FALSE(why.isEmpty()) << what;
     }
 }
 

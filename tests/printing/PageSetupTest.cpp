@@ -2,7 +2,7 @@
 
 #include "printing/PageSetup.h"
 #include "library/Xml.h"
-#include "printing/PrinterInfo.h"
+#include "printers/PrinterInfo.h"
 #include "support/StoreFixture.h"
 
 namespace bravcpl5::test {
@@ -46,6 +46,8 @@ protected:
     {
         return host.writeUserFile(QStringLiteral("Invoice.pcx"), configurationXml(pageSetup));
     }
+    // What the dialog passes: its printers' default printer's paper.
+    PaperDefaults paper() const { return DefaultPrinterPaper(*printer); }
     // The configuration's file, found by name as the library finds it.
     QString fileOf(const QString &name = QStringLiteral("Invoice")) const
     {
@@ -53,7 +55,7 @@ protected:
     }
     PageSetup read(const PageSetupChoices &choices = officeLaser, PageSetup fields = {})
     {
-        EXPECT_TRUE(ReadPageSetup(fileOf(), choices, fields));
+        EXPECT_TRUE(ReadPageSetup(fileOf(), choices, paper(), fields));
         return fields;
     }
     // The elements' texts in the saved file.
@@ -197,12 +199,38 @@ TEST_F(PageSetupTest, WithoutAPageSetupElementNothingIsReadOrWritten)
                                             "<PrinterConfiguration/>");
     PageSetup f;
     f.topMargin = QStringLiteral("untouched");
-    EXPECT_FALSE(ReadPageSetup(fileOf(), officeLaser, f));
+    EXPECT_FALSE(ReadPageSetup(fileOf(), officeLaser, paper(), f));
     EXPECT_EQ(f.topMargin, "untouched");
     EXPECT_FALSE(WritePageSetup(fileOf(), f));
     EXPECT_EQ(readFile(path), "<PrinterConfiguration/>");
-    EXPECT_FALSE(ReadPageSetup(fileOf(QStringLiteral("Missing")), officeLaser, f));
+    EXPECT_FALSE(ReadPageSetup(fileOf(QStringLiteral("Missing")), officeLaser, paper(), f));
     EXPECT_FALSE(WritePageSetup(QString(), f));
+}
+
+// A printer information that fails the test when it is asked anything.
+struct Untouchable final : PaperPrinterInfo {
+    QStringList printerNames() const override { return asked(QStringList()); }
+    QString defaultPrinterName() const override { return asked(QString()); }
+    PrinterPaper paper(const QString &) const override { return asked(PrinterPaper()); }
+    template <typename T> static T asked(T nothing)
+    {
+        ADD_FAILURE() << "the printer information was asked";
+        return nothing;
+    }
+};
+
+// Reading and writing a page setup asks no printer: the paper defaults are the caller's,
+// so a label sheet or a fuzzer reads a file without a print server.
+TEST_F(PageSetupTest, ReadingAndWritingAskNoPrinter)
+{
+    SetPrinterInfo(std::make_unique<Untouchable>());
+    configure("<PaperSize>5</PaperSize>");
+    PageSetup f;
+    ASSERT_TRUE(ReadPageSetup(fileOf(), officeLaser, PaperDefaults(), f));
+    EXPECT_EQ(f.paperSize, 5);
+    EXPECT_EQ(f.paperSource, 1); // nothing stored and no default: the first bin
+    ASSERT_TRUE(store->readPageSetup(QStringLiteral("Invoice"), officeLaser, {}, f));
+    ASSERT_TRUE(store->savePageSetup(QStringLiteral("Invoice"), f));
 }
 
 } // namespace

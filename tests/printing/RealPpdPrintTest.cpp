@@ -1,7 +1,7 @@
 // Printing on the real-PPD queues: a size and a bin chosen by their codes print as exactly
 // that PageSize from exactly that source, on a PDF page of the PPD's own PaperDimension.
 
-#include "printing/PrinterInfo.h"
+#include "printers/PrinterInfo.h"
 #include "report/ReferenceReport.h"
 #include "support/PpdText.h"
 #include "support/SandboxCups.h"

@@ -3,7 +3,7 @@
 // A printer information that lists the given printers and default and nothing else (no
 // sizes, no bins), for dialogs that only need printers to choose from or to miss.
 
-#include "printing/PrinterInfo.h"
+#include "printers/PrinterInfo.h"
 
 #include <utility>
 

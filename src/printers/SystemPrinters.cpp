@@ -1,4 +1,4 @@
-#include "printing/SystemPrinters.h"
+#include "printers/SystemPrinters.h"
 
 namespace bravcpl5 {
 

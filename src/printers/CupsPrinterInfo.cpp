@@ -1,7 +1,7 @@
-#include "printing/PrinterInfo.h"
+#include "printers/PrinterInfo.h"
 
 #include "library/Units.h"
-#include "printing/CupsQueue.h"
+#include "printers/CupsQueue.h"
 
 #include <cmath>
 
@@ -12,7 +12,7 @@ namespace {
 // Printers, paper sizes and bins from CUPS itself: Qt rounds sizes and matches them to its
 // own list, and reads every destination whole for its printer list. Each request reads one
 // queue once, by its name (CUPS finds queues without regard to case).
-class SystemPrinterInfo final : public PaperPrinterInfo
+class CupsPrinterInfo final : public PaperPrinterInfo
 {
 public:
     QStringList printerNames() const override { return ReadCupsQueueNames(); }
@@ -42,7 +42,7 @@ private:
 
 std::unique_ptr<PrinterInfo> CreateSystemPrinterInfo()
 {
-    return std::make_unique<SystemPrinterInfo>();
+    return std::make_unique<CupsPrinterInfo>();
 }
 
 } // namespace bravcpl5

@@ -1,8 +1,8 @@
 // The system printer information against queues made from real PPDs of Debian's printer
 // driver packages (scripts/cups-sandbox), compared with the PPD text itself.
 
-#include "printing/CupsQueue.h"
-#include "printing/PrinterInfo.h"
+#include "printers/CupsQueue.h"
+#include "printers/PrinterInfo.h"
 #include "support/PpdText.h"
 #include "support/SandboxCups.h"
 

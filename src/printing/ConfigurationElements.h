@@ -1,11 +1,19 @@
 #pragma once
 
-// The children of a printer configuration's "PageSetup" element, named once for both of
-// its readers: the page setup dialog's fields (PageSetup) and a report's page settings
-// (PageSetupToReport). Lengths are inches, codes plain integers.
+// The elements of a printer configuration file ("*.pcx"), named once: its identification,
+// which the store reads and writes, and the children of its "PageSetup" element, which the
+// page setup (PageSetup) and a report's page settings (PageSetupToReport) read. Lengths are
+// inches, codes plain integers. Nothing else names an element of these files.
 
-namespace bravcpl5::pagesetup {
+namespace bravcpl5 {
 
+namespace identification {
+inline constexpr auto xpath = "//Identification";
+inline constexpr auto name = "Name";
+inline constexpr auto system = "System"; // > 0: shared by everyone; a user's copy stores 0
+} // namespace identification
+
+namespace pagesetup {
 inline constexpr auto xpath = "//PageSetup";
 
 inline constexpr auto topMargin = "TopMargin";
@@ -25,5 +33,6 @@ inline constexpr auto horizontalGap = "HorizontalGap";
 inline constexpr auto verticalGap = "VerticalGap";
 inline constexpr auto labelWidth = "LabelWidth";
 inline constexpr auto labelHeight = "LabelHeight";
+} // namespace pagesetup
 
-} // namespace bravcpl5::pagesetup
+} // namespace bravcpl5

@@ -1,6 +1,6 @@
-#include "printing/PaperSizeCodes.h"
+#include "printers/PaperSizeCodes.h"
 
-#include "printing/NumberCodes.h"
+#include "printers/NumberCodes.h"
 #include <cmath>
 
 namespace bravcpl5 {

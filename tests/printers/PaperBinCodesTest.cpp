@@ -1,4 +1,4 @@
-#include "printing/PaperBinCodes.h"
+#include "printers/PaperBinCodes.h"
 
 #include <gtest/gtest.h>
 

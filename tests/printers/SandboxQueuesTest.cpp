@@ -1,6 +1,6 @@
 // The system printer information against the sandboxed cupsd's two test queues.
 
-#include "printing/PrinterInfo.h"
+#include "printers/PrinterInfo.h"
 #include "support/QtPrinters.h"
 #include "support/SandboxCups.h"
 

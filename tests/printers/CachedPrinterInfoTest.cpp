@@ -1,7 +1,7 @@
 // What a dialog holds: each printer read once for its lifetime, whatever the case of the
 // name it is asked by, and again after refresh().
 
-#include "printing/CachedPrinterInfo.h"
+#include "printers/CachedPrinterInfo.h"
 
 #include <gtest/gtest.h>
 

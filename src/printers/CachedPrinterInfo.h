@@ -4,7 +4,7 @@
 // open, and opening it asks the print system for the printer list once and for each printer
 // once, however often the dialog looks. refresh() forgets it all (the dialogs' Refresh).
 
-#include "printing/PrinterInfo.h"
+#include "printers/PrinterInfo.h"
 
 #include <QHash>
 #include <optional>

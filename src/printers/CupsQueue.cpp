@@ -1,7 +1,8 @@
-#include "printing/CupsQueue.h"
+#include "printers/CupsQueue.h"
 
-#include "printing/PaperBinCodes.h"
-#include "printing/PaperSizeCodes.h"
+#include "library/Logging.h"
+#include "printers/PaperBinCodes.h"
+#include "printers/PaperSizeCodes.h"
 
 #include <QFile>
 #include <algorithm>
@@ -12,6 +13,9 @@
 namespace bravcpl5 {
 
 namespace {
+
+// What the print system said of the last request that failed, for the log.
+const char *cupsError() { return cupsLastErrorString(); }
 
 // The bin of a printer without sources to choose: a job names none.
 const QString automatic = QStringLiteral("Automatically Select");
@@ -335,11 +339,16 @@ void readIpp(cups_dest_t *dest, CupsQueue &result)
     IppPrinter printer{Http(httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC,
                                          cupsEncryption(), 1, 30000, nullptr)),
                        dest, nullptr};
-    if (!printer.http)
+    if (!printer.http) {
+        qCWarning(lcPrinters) << "cannot reach the print server for" << dest->name << "-"
+                              << cupsError();
         return;
+    }
     printer.info.reset(cupsCopyDestInfo(printer.http.get(), dest));
-    if (!printer.info)
+    if (!printer.info) {
+        qCWarning(lcPrinters) << "no IPP attributes for" << dest->name << "-" << cupsError();
         return;
+    }
     readIppBins(printer, result);
     readIppSizes(printer, result);
 }
@@ -399,8 +408,10 @@ CupsQueue ReadCupsQueue(const QString &queue, CupsQueueSource source)
     if (name.isEmpty())
         return result;
     cups_dest_t *dest = cupsGetNamedDest(CUPS_HTTP_DEFAULT, name.constData(), nullptr);
-    if (!dest)
+    if (!dest) {
+        qCWarning(lcPrinters) << "no queue" << name << "-" << cupsError();
         return result;
+    }
     result.found = true;
     if (source == CupsQueueSource::PrinterAttributes || !readPpd(name, dest, result))
         readIpp(dest, result);
@@ -414,6 +425,8 @@ QStringList ReadCupsQueueNames()
     ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_KEYWORD, "requested-attributes", nullptr,
                  "printer-name");
     ipp_t *response = cupsDoRequest(CUPS_HTTP_DEFAULT, request, "/");
+    if (!response || ippGetStatusCode(response) > IPP_STATUS_OK_CONFLICTING)
+        qCWarning(lcPrinters) << "cannot list the printers -" << cupsError();
     QStringList names;
     for (ipp_attribute_t *a = ippFindAttribute(response, "printer-name", IPP_TAG_NAME); a;
          a = ippFindNextAttribute(response, "printer-name", IPP_TAG_NAME))
@@ -445,6 +458,8 @@ int SubmitCupsJob(const QString &queue, const QString &file, const QString &titl
                                    QFile::encodeName(file).constData(), title.toUtf8().constData(),
                                    count, list);
     cupsFreeOptions(count, list);
+    if (job == 0)
+        qCWarning(lcPrinters) << "cannot print" << file << "on" << queue << "-" << cupsError();
     return job;
 }
 

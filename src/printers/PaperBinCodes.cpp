@@ -1,6 +1,6 @@
-#include "printing/PaperBinCodes.h"
+#include "printers/PaperBinCodes.h"
 
-#include "printing/NumberCodes.h"
+#include "printers/NumberCodes.h"
 
 #include <algorithm>
 

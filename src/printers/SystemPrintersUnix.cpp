@@ -1,4 +1,4 @@
-#include "printing/SystemPrinters.h"
+#include "printers/SystemPrinters.h"
 
 #include <QDesktopServices>
 #include <QProcess>

@@ -1,4 +1,4 @@
-#include "printing/CachedPrinterInfo.h"
+#include "printers/CachedPrinterInfo.h"
 
 namespace bravcpl5 {
 

@@ -3,7 +3,7 @@
 // huge lists and texts. The printer information lists what can be printed on, with unique
 // codes, and never fails.
 
-#include "printing/PrinterInfo.h"
+#include "printers/PrinterInfo.h"
 #include "support/SandboxCups.h"
 
 #include <QFile>

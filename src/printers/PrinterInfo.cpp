@@ -1,4 +1,4 @@
-#include "printing/PrinterInfo.h"
+#include "printers/PrinterInfo.h"
 
 namespace bravcpl5 {
 

@@ -1,6 +1,6 @@
 // The options a job carries for a size and a bin, on the kinds of queue there are.
 
-#include "printing/CupsQueue.h"
+#include "printers/CupsQueue.h"
 
 #include <gtest/gtest.h>
 

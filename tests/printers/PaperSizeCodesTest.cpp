@@ -1,4 +1,4 @@
-#include "printing/PaperSizeCodes.h"
+#include "printers/PaperSizeCodes.h"
 
 #include <gtest/gtest.h>
 
