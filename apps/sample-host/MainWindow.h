@@ -40,6 +40,10 @@ public:
     void addTourStep(const QString &screenshotName, std::function<void()> run);
     void addTourAction(QAction *action, const QString &screenshotName);
     const QList<TourStep> &tourSteps() const { return m_tour; }
+    // Set by the tour: nobody is there to choose, and nothing is sent to a printer, since a
+    // tour must not print on someone's paper.
+    void setUnattended(bool unattended) { m_unattended = unattended; }
+    bool unattended() const { return m_unattended; }
 
     QMenu *menu(const QString &title);
     DiagnosticsWindow *diagnostics() const { return m_diagnostics; }
@@ -69,4 +73,5 @@ private:
     DiagnosticsWindow *m_diagnostics;
     QList<QAction *> m_anyReport, m_generalReport;
     QList<TourStep> m_tour;
+    bool m_unattended = false;
 };

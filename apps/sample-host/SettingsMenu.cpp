@@ -9,7 +9,6 @@
 
 #include <QAction>
 #include <QDir>
-#include <QGuiApplication>
 #include <QInputDialog>
 #include <QMenu>
 #include <QMessageBox>
@@ -18,14 +17,14 @@ using namespace bravcpl5;
 
 namespace {
 
-// The configuration to print with: the only one, the first when nobody can choose
-// (offscreen, as in the tour), else the user's choice; "" when cancelled or none.
+// The configuration to print with: the only one, the first when nobody can choose (in
+// the tour), else the user's choice; "" when cancelled or none.
 QString chooseConfiguration(MainWindow &window, const QString &title)
 {
     QObject *store = late::object(window.library(), "PrinterConfigurations");
     QStringList names = late::value(store, "GetPrinterConfigurations", {true}).toStringList();
     names.removeAll(QString());
-    if (names.size() <= 1 || QGuiApplication::platformName() == QLatin1String("offscreen"))
+    if (names.size() <= 1 || window.unattended())
         return names.value(0);
     bool ok = false;
     const QString name = QInputDialog::getItem(
@@ -44,8 +43,10 @@ void printTestPage(MainWindow &window, const QString &name)
     late::call(store, "SetupPageFromPrinterConfiguration",
                {name, QVariant::fromValue<QObject *>(&report), false});
 
-    // A printer that is assigned and installed gets the page; otherwise it goes to a PDF.
-    const QString printer = FindPrinter(CurrentPrinterInfo(), report.printer()->deviceName());
+    // A printer that is assigned and installed gets the page, except in the tour, which
+    // puts nothing on anyone's paper; otherwise it goes to a PDF.
+    const QString installed = FindPrinter(CurrentPrinterInfo(), report.printer()->deviceName());
+    const QString printer = window.unattended() ? QString() : installed;
     if (printer.isEmpty())
         report.setOutputFileName(
             QDir(window.outputFolder()).filePath(QStringLiteral("test-page-%1.pdf").arg(name)));
@@ -57,10 +58,13 @@ void printTestPage(MainWindow &window, const QString &name)
     QString message;
     if (!printed)
         message = QStringLiteral("The test page with \"%1\" could not be printed.").arg(name);
-    else if (printer.isEmpty())
+    else if (installed.isEmpty())
         message = QStringLiteral(
                       "No printer is installed for \"%1\"; the test page was written to %2.")
                       .arg(name, QDir::toNativeSeparators(report.outputFileName()));
+    else if (printer.isEmpty())
+        message = QStringLiteral("The test page with \"%1\" for %2 was written to %3.")
+                      .arg(name, installed, QDir::toNativeSeparators(report.outputFileName()));
     else
         message = QStringLiteral("The test page with \"%1\" was sent to %2.").arg(name, printer);
     for (const QString &change : report.lastPage().adjustments)
@@ -125,10 +129,9 @@ void addSettingsMenu(MainWindow &window)
     add(QStringLiteral("General Report &Layout..."), QStringLiteral("general-report-layout"),
         [&window]() {
             QObject *reportLayout = late::object(window.library(), "ReportLayout");
-            const bool confirmed =
-                late::value(reportLayout, "ShowGeneralReportLayout", {QString()}).toBool();
-            window.log(QStringLiteral("ShowGeneralReportLayout(\"\") = %1")
-                           .arg(confirmed ? "True" : "False"));
+            const bool confirmed = late::value(reportLayout, "ShowGeneralReportLayout").toBool();
+            window.log(
+                QStringLiteral("ShowGeneralReportLayout() = %1").arg(confirmed ? "True" : "False"));
         });
     add(QStringLiteral("General Report &Fonts..."), QStringLiteral("general-report-fonts"),
         [&window]() { editFonts(window, "ShowGeneralReportFonts"); });

@@ -106,6 +106,7 @@ bool SaveScreenshot(QWidget *widget, const QString &outputFolder, const QString 
 int RunTour(MainWindow &window, const QString &outputFolder)
 {
     int failures = 0;
+    window.setUnattended(true);
     // A modal dialog blocks its step until it closes, so it is photographed and closed
     // from a timer running inside its own event loop.
     const auto runStep = [&](const QString &screenshotName, const std::function<void()> &run) {

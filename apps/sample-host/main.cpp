@@ -16,6 +16,7 @@
 #include <QDir>
 #include <QLocale>
 #include <QStandardPaths>
+#include <QTemporaryFile>
 #include <QTextStream>
 #include <QTimer>
 #include <cstdio>
@@ -50,6 +51,22 @@ void ensureRuntimeFolder()
         && QFile::setPermissions(folder, QFileDevice::ReadOwner | QFileDevice::WriteOwner
                                              | QFileDevice::ExeOwner))
         qputenv("XDG_RUNTIME_DIR", QFile::encodeName(folder));
+}
+
+// Makes `folder` and tries a file in it; false, with the reason, when either fails. Its
+// permissions would not tell: root passes them, and a read-only mount does not show there.
+bool canWriteInto(const QString &folder, QString &reason)
+{
+    if (!QDir().mkpath(folder)) {
+        reason = QStringLiteral("the folder cannot be created");
+        return false;
+    }
+    QTemporaryFile probe(QDir(folder).filePath(QStringLiteral(".write-test-XXXXXX")));
+    if (!probe.open()) {
+        reason = probe.errorString();
+        return false;
+    }
+    return true;
 }
 
 } // namespace
@@ -91,15 +108,22 @@ int main(int argc, char **argv)
                                                         : QStandardPaths::writableLocation(
                                                             QStandardPaths::AppLocalDataLocation);
     InstallSampleData(dataFolder);
-    // A sample tree of its own (or the tour) keeps its printer assignments and window
-    // places beside it, so trying the sample host leaves the user's own settings alone.
-    if (parser.isSet(dataOption) || parser.isSet(tourOption))
-        bravcpl5::SetRegistryFile(QDir(dataFolder).filePath(QStringLiteral("registry.ini")));
+    // The sample tree keeps its printer assignments and window places beside it, so trying
+    // the sample host leaves the user's own registry file alone.
+    bravcpl5::SetRegistryFile(QDir(dataFolder).filePath(QStringLiteral("registry.ini")));
 
     QString outputFolder = parser.value(tourOption);
     if (outputFolder.isEmpty())
         outputFolder = QDir(dataFolder).filePath(QStringLiteral("Output"));
-    QDir().mkpath(outputFolder);
+    const bool touring = headless || parser.isSet(tourOption);
+    QString cannotWrite;
+    const bool writable = canWriteInto(outputFolder, cannotWrite);
+    if (touring && !writable) {
+        QTextStream(stderr) << "The tour cannot write into "
+                            << QDir::toNativeSeparators(QDir(outputFolder).absolutePath()) << ": "
+                            << cannotWrite << '\n';
+        return 1;
+    }
 
     SampleHost host(dataFolder);
     std::unique_ptr<QObject> library(bravcpl5_CreateObject("bravcpl5.Library"));
@@ -110,10 +134,14 @@ int main(int argc, char **argv)
     window.show();
 
     int result = 0;
-    if (headless || parser.isSet(tourOption)) {
+    if (touring) {
         result = RunTour(window, outputFolder);
-        QTextStream(stdout) << "Screenshots and output: " << QDir(outputFolder).absolutePath()
-                            << '\n';
+        const QString folder = QDir::toNativeSeparators(QDir(outputFolder).absolutePath());
+        if (result == 0)
+            QTextStream(stdout) << "Screenshots and output: " << folder << '\n';
+        else
+            QTextStream(stderr) << "The tour could not make every screenshot and report in "
+                                << folder << '\n';
     } else {
         QTimer::singleShot(0, &window, &MainWindow::verifyPrinterConfigurations);
         result = QApplication::exec();

@@ -10,7 +10,9 @@
 #include "library/ValueRules.h"
 #include "library/Xml.h"
 
+#include <QFontMetrics>
 #include <QHeaderView>
+#include <QStyle>
 
 namespace bravcpl5 {
 
@@ -106,13 +108,35 @@ QTreeWidgetItem *frmGeneralReportFonts::rowItem(const FontDefinition &font) cons
          flag(font.bold), flag(font.italic), flag(font.underline), flag(font.strikeout),
          values::singleToText(font.size), values::integerToText(font.color),
          values::integerToText(font.type)});
-    item->setData(FontColumn, Qt::FontRole, qtFont(font));
-    item->setData(FontColumn, Qt::ForegroundRole, ColorFromWindows(font.color));
-    // The row is as tall as its font at this screen's resolution, and a little more.
+    // The row is as tall as its font at this screen's resolution, and 14 pixels more. A
+    // font whose lines are taller still is drawn a little smaller, so that the sample stays
+    // whole within its row.
     const int height = qRound(font.size * logicalDpiY() / 72.0) + 14;
-    for (int column : {FieldColumn, FontColumn})
-        item->setSizeHint(column, QSize(-1, height));
+    const QFont sample = fittedFont(qtFont(font), height);
+    item->setData(FontColumn, Qt::FontRole, sample);
+    item->setData(FontColumn, Qt::ForegroundRole, ColorFromWindows(font.color));
+    // Each shown cell asks for that height, and for the width its text takes, so that a
+    // column fitted to its contents still shows them whole.
+    const int margins = 2
+                        * (style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, ui->rptFonts)
+                           + 1);
+    const QFontMetrics fieldMetrics = ui->rptFonts->fontMetrics();
+    const QFontMetrics sampleMetrics(sample, this);
+    item->setSizeHint(
+        FieldColumn,
+        QSize(fieldMetrics.horizontalAdvance(item->text(FieldColumn)) + margins, height));
+    item->setSizeHint(
+        FontColumn,
+        QSize(sampleMetrics.horizontalAdvance(item->text(FontColumn)) + margins, height));
     return item;
+}
+
+QFont frmGeneralReportFonts::fittedFont(QFont font, int height) const
+{
+    int pixels = qRound(font.pointSizeF() * logicalDpiY() / 72.0);
+    while (pixels > 1 && QFontMetrics(font, this).height() > height)
+        font.setPixelSize(--pixels);
+    return font;
 }
 
 void frmGeneralReportFonts::showFonts()

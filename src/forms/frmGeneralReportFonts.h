@@ -11,6 +11,7 @@
 #include "layout/FontTypes.h"
 #include "layout/ReportFontList.h"
 
+#include <QFont>
 #include <QPointer>
 #include <memory>
 
@@ -63,6 +64,8 @@ private:
     // Shows the list as it stands, keeping the current row.
     void showFonts();
     QTreeWidgetItem *rowItem(const FontDefinition &font) const;
+    // `font`, or the largest smaller size of it whose lines fit `height` pixels here.
+    QFont fittedFont(QFont font, int height) const;
 
     std::unique_ptr<Ui::frmGeneralReportFonts> ui;
     QPointer<ReportLayout> m_layout;

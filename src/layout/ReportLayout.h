@@ -43,10 +43,10 @@ public:
     // Defined beside their dialog, in forms/frmGeneralReportFonts.cpp.
     Q_INVOKABLE bool ShowGeneralReportFonts();
     Q_INVOKABLE bool ShowProcessReportFonts();
-    // The layout dialog on `LayoutFile`, or on the general layout file when it is empty;
-    // true unless the user cancelled. Defined beside its dialog, in
+    // The layout dialog on `LayoutFile`, or on the general layout file when it is empty or
+    // left out; true unless the user cancelled. Defined beside its dialog, in
     // forms/frmGeneralReportLayout.cpp.
-    Q_INVOKABLE bool ShowGeneralReportLayout(const QString &LayoutFile);
+    Q_INVOKABLE bool ShowGeneralReportLayout(const QString &LayoutFile = QString());
     // The user copy of "General Report Layout.lyx" when it exists (or whenever ForceUser is
     // set and there is a user folder), else the system copy when it exists, else "".
     Q_INVOKABLE QString GeneralReportLayoutFile(bool ForceUser = false);

@@ -1,19 +1,24 @@
 // The sample host as a dealer meets it: label sheets laid out from a configuration's label
 // geometry, the quote's amounts and process report fonts, and the unattended tour run as
-// a program, which must write every screenshot and PDF, say nothing on standard error and
-// leave the user's own settings alone.
+// a program, which must write every screenshot and PDF, say nothing on standard error,
+// leave the user's own settings alone, print on no printer, and say when it cannot write.
 
 #include "LabelSheet.h"
 #include "QuoteReport.h"
 
 #include "library/Library.h"
 #include "report/ReportLabel.h"
+#include "support/SandboxCups.h"
+#include "support/SmallFileSystem.h"
 #include "support/TestHost.h"
 
 #include <QDir>
 #include <QFile>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QTemporaryDir>
+#include <ctime>
+#include <cups/cups.h>
 #include <gtest/gtest.h>
 
 namespace {
@@ -155,25 +160,54 @@ TEST(Quote, PrintsInTheProcessReportFontsOfTheLibrarysDocument)
     library.PreTerminate();
 }
 
-TEST(SampleHostTour, WritesEveryPictureAndReportQuietlyAndKeepsItsSettingsInItsDataFolder)
+// The sample host as scripts/demo starts it, in a home of its own (HOME and
+// XDG_CONFIG_HOME under `root`) and without a display, so that it tours offscreen.
+struct HostRun {
+    int exitCode = -1;
+    QString out, err;
+};
+
+HostRun runSampleHost(const QDir &root, const QStringList &arguments = {})
 {
-    QTemporaryDir root;
-    const QDir dir(root.path());
     QProcess host;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("HOME"), dir.filePath(QStringLiteral("home")));
-    environment.remove(QStringLiteral("XDG_CONFIG_HOME"));
-    environment.remove(QStringLiteral("XDG_DATA_HOME"));
-    environment.remove(QStringLiteral("XDG_RUNTIME_DIR"));
+    environment.insert(QStringLiteral("HOME"), root.filePath(QStringLiteral("home")));
+    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), root.filePath(QStringLiteral("config")));
+    for (const char *name :
+         {"XDG_DATA_HOME", "XDG_RUNTIME_DIR", "DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+        environment.remove(QLatin1String(name));
     host.setProcessEnvironment(environment);
-    host.start(QStringLiteral(BRAVCPL5_SAMPLE_HOST),
-               {QStringLiteral("--data"), dir.filePath(QStringLiteral("data")),
-                QStringLiteral("--tour"), dir.filePath(QStringLiteral("tour"))});
-    ASSERT_TRUE(host.waitForFinished(180000));
-    EXPECT_EQ(host.exitCode(), 0);
-    EXPECT_EQ(host.readAllStandardError(), QByteArray());
+    host.start(QStringLiteral(BRAVCPL5_SAMPLE_HOST), arguments);
+    if (!host.waitForFinished(180000)) {
+        host.kill();
+        host.waitForFinished();
+        return {};
+    }
+    return {host.exitStatus() == QProcess::NormalExit ? host.exitCode() : -1,
+            QString::fromUtf8(host.readAllStandardOutput()),
+            QString::fromUtf8(host.readAllStandardError())};
+}
 
-    const QDir tour(dir.filePath(QStringLiteral("tour")));
+// Neither the configuration folder that HOME implies nor the one XDG_CONFIG_HOME names got
+// a registry file of the library's.
+void expectUsersSettingsUntouched(const QDir &root)
+{
+    EXPECT_FALSE(QFileInfo::exists(root.filePath(QStringLiteral("home/.config/bravcpl5"))));
+    EXPECT_FALSE(QFileInfo::exists(root.filePath(QStringLiteral("config/bravcpl5"))));
+}
+
+TEST(SampleHostTour, WritesEveryPictureAndReportQuietly)
+{
+    QTemporaryDir folder;
+    const QDir root(folder.path());
+    const HostRun run = runSampleHost(
+        root, {QStringLiteral("--data"), root.filePath(QStringLiteral("data")),
+               QStringLiteral("--tour"), root.filePath(QStringLiteral("tour"))});
+    EXPECT_EQ(run.exitCode, 0);
+    EXPECT_EQ(run.err, QString());
+    EXPECT_EQ(run.out, "Screenshots and output: " + root.filePath(QStringLiteral("tour")) + '\n');
+
+    const QDir tour(root.filePath(QStringLiteral("tour")));
     for (const char *file :
          {"main-window.png", "preview-product-price-list.png", "preview-customer-quote.png",
           "preview-product-labels.png", "printer-configurations.png", "page-setup.png",
@@ -182,8 +216,99 @@ TEST(SampleHostTour, WritesEveryPictureAndReportQuietlyAndKeepsItsSettingsInItsD
           "orders-by-vendor.pdf", "product-price-list.pdf", "sales-by-vendor.pdf",
           "vendor-list.pdf", "customer-quote.pdf", "product-labels.pdf"})
         EXPECT_GT(QFileInfo(tour.filePath(QLatin1String(file))).size(), 1000) << file;
-    EXPECT_TRUE(QFileInfo::exists(dir.filePath(QStringLiteral("data/registry.ini"))));
-    EXPECT_FALSE(QFileInfo::exists(dir.filePath(QStringLiteral("home/.config/bravcpl5"))));
+    EXPECT_TRUE(QFileInfo::exists(root.filePath(QStringLiteral("data/registry.ini"))));
+    expectUsersSettingsUntouched(root);
+}
+
+TEST(SampleHostTour, APlainRunKeepsItsRegistryFileInItsDataFolder)
+{
+    QTemporaryDir folder;
+    const QDir root(folder.path());
+    const HostRun run = runSampleHost(root);
+    EXPECT_EQ(run.exitCode, 0) << run.err.toStdString();
+    const QDir data(root.filePath(QStringLiteral("home/.local/share/bravcpl5-sample-host")));
+    EXPECT_EQ(run.out, "Screenshots and output: " + data.filePath(QStringLiteral("Output")) + '\n');
+    EXPECT_TRUE(QFileInfo::exists(data.filePath(QStringLiteral("registry.ini"))));
+    expectUsersSettingsUntouched(root);
+}
+
+// The titles of the jobs that `since` or later reached the cupsd.
+QStringList jobTitlesSince(time_t since)
+{
+    cups_job_t *jobs = nullptr;
+    const int count = cupsGetJobs2(CUPS_HTTP_DEFAULT, &jobs, nullptr, 0, CUPS_WHICHJOBS_ALL);
+    QStringList titles;
+    for (int i = 0; i < count; ++i)
+        if (jobs[i].creation_time >= since)
+            titles << QString::fromUtf8(jobs[i].title);
+    cupsFreeJobs(count, jobs);
+    return titles;
+}
+
+TEST(SampleHostTour, PrintsToFilesOnlyWhenPrintersAreAssigned)
+{
+    SKIP_WITHOUT_CUPSD();
+    QTemporaryDir folder;
+    const QDir root(folder.path());
+    ASSERT_TRUE(root.mkpath(QStringLiteral("data")));
+    QFile registry(root.filePath(QStringLiteral("data/registry.ini")));
+    ASSERT_TRUE(registry.open(QIODevice::WriteOnly));
+    registry.write("[Software/Tarnwell/Lumarest/5.0/Settings (Sample)/Printer Configurations]\n"
+                   "Landscape=Office-Laser\nLetter=Office-Laser\nProduct Labels=Label-Printer\n");
+    registry.close();
+
+    const time_t started = time(nullptr) - 1;
+    const HostRun run = runSampleHost(
+        root, {QStringLiteral("--data"), root.filePath(QStringLiteral("data")),
+               QStringLiteral("--tour"), root.filePath(QStringLiteral("tour"))});
+    EXPECT_EQ(run.exitCode, 0) << run.err.toStdString();
+    // Other tests print to the same cupsd meanwhile; the sample host's jobs carry the names
+    // of its documents.
+    const QStringList ours = jobTitlesSince(started).filter(
+        QRegularExpression(QStringLiteral("^(Test page - |Open Orders|Orders by Vendor|Product "
+                                          "Price List|Sales by Vendor|Vendor List|Customer "
+                                          "Quote|Product Labels)")));
+    EXPECT_EQ(ours, QStringList());
+    // The test page went to a file instead, for the printer it would have gone to.
+    const QStringList pages =
+        QDir(root.filePath(QStringLiteral("tour"))).entryList({QStringLiteral("test-page-*.pdf")});
+    EXPECT_EQ(pages.size(), 1);
+}
+
+TEST(SampleHostTour, ATourThatCannotWriteSaysSoAndAnnouncesNoOutput)
+{
+    QTemporaryDir folder;
+    const QDir root(folder.path());
+    QFile file(root.filePath(QStringLiteral("a-file")));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.close();
+    bravcpl5::test::SmallFileSystem readOnly(1024 * 1024);
+    bravcpl5::test::SmallFileSystem full(256 * 1024);
+    REQUIRE_SMALL_FILE_SYSTEM(readOnly);
+    ASSERT_TRUE(QDir().mkpath(readOnly.filePath(QStringLiteral("tour"))));
+    ASSERT_TRUE(readOnly.makeReadOnly(readOnly.filePath(QStringLiteral("tour"))));
+    ASSERT_TRUE(QDir().mkpath(full.filePath(QStringLiteral("tour"))));
+    full.fill();
+
+    const struct {
+        const char *name;
+        QString tour;
+        const char *says;
+    } cases[] = {
+        {"BeneathAFile", root.filePath(QStringLiteral("a-file/tour")), "cannot write into"},
+        {"ReadOnlyFolder", readOnly.filePath(QStringLiteral("tour")), "cannot write into"},
+        // Room for nothing: the screenshots and reports fail one by one.
+        {"FullDisk", full.filePath(QStringLiteral("tour")), "could not make every screenshot"},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.name);
+        const HostRun run = runSampleHost(root, {QStringLiteral("--data"),
+                                                 root.filePath(QStringLiteral("data")),
+                                                 QStringLiteral("--tour"), c.tour});
+        EXPECT_NE(run.exitCode, 0);
+        EXPECT_EQ(run.out, QString());
+        EXPECT_TRUE(run.err.contains(QLatin1String(c.says))) << run.err.toStdString();
+    }
 }
 
 } // namespace

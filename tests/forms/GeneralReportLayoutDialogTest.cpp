@@ -4,6 +4,7 @@
 
 #include "forms/FurniturePreview.h"
 #include "layout/ReportLayout.h"
+#include "library/LateBinding.h"
 #include "library/Library.h"
 #include "library/Xml.h"
 #include "support/DialogDriver.h"
@@ -98,6 +99,20 @@ TEST_F(LayoutDialog, GeneralModeShowsTheUserPathReadsTheSystemCopyAndOkWritesIt)
     }));
     EXPECT_FALSE(QFile::exists(userPath));
     EXPECT_EQ(attribute(systemFile, "//Company/@label"), "Acme Blinds & Shutters");
+}
+
+TEST_F(LayoutDialog, ByNameWithoutALayoutFileItOpensOnTheGeneralLayout)
+{
+    QString shown;
+    test::WhenModal(QStringLiteral("frmGeneralReportLayout"), [&](QWidget *d) {
+        shown = child<QLineEdit>(d, "txtFile")->text();
+        child<QPushButton>(d, "cmdCancel")->click();
+    });
+    // As an automation client leaves out the optional argument.
+    const QVariant confirmed = late::value(late::object(&library, "ReportLayout"),
+                                           "ShowGeneralReportLayout");
+    EXPECT_EQ(shown, host.userFolder() + QStringLiteral("/General Report Layout.lyx"));
+    EXPECT_EQ(confirmed, QVariant(false));
 }
 
 TEST_F(LayoutDialog, OddValuesSurviveAndOkWritesEveryItemInOrder)

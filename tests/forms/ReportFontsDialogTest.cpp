@@ -150,6 +150,43 @@ TEST_F(FontsDialog, AChosenFontKeepsItsFractionAndColour)
     EXPECT_EQ(savedAttribute(false, "name").first(), "DejaVu Serif");
 }
 
+TEST_F(FontsDialog, EachRowIsItsSizeInPixelsAndFourteenMoreAndHoldsItsSampleWhole)
+{
+    const struct {
+        const char *size;
+        int rowAt96Dpi;  // the size's pixels at 96 dpi, rounded, and 14
+        bool sampleFits; // drawn in its own size; else smaller, within the row
+    } rows[] = {{"8", 25, true},  {"10", 27, true}, {"12", 30, true},
+                {"20", 41, true}, {"36", 62, true}, {"72", 110, false}};
+    QByteArray document = "<ReportFonts><GeneralReports>";
+    for (const auto &row : rows)
+        document += QByteArray("<Font type=\"1\" name=\"DejaVu Sans\" size=\"") + row.size + "\"/>";
+    host.writeSystemFile("General Report Fonts.fox", document + "</GeneralReports></ReportFonts>");
+    run(false, [&](QWidget *d) {
+        ASSERT_EQ(d->logicalDpiY(), 96);
+        ASSERT_EQ(grid(d)->topLevelItemCount(), int(std::size(rows)));
+        for (int i = 0; i < int(std::size(rows)); ++i) {
+            SCOPED_TRACE(rows[i].size);
+            QTreeWidgetItem *item = grid(d)->topLevelItem(i);
+            const int height = grid(d)->visualItemRect(item).height();
+            EXPECT_EQ(height, rows[i].rowAt96Dpi);
+            const QFont sample = item->font(fontColumn);
+            EXPECT_EQ(sample.family(), "DejaVu Sans");
+            EXPECT_LE(QFontMetrics(sample, d).height(), height);
+            EXPECT_EQ(sample.pointSizeF() == QByteArray(rows[i].size).toDouble(),
+                      rows[i].sampleFits);
+        }
+        test::SaveScreenshot(d, QStringLiteral("frmGeneralReportFonts-row-heights"));
+        // Fitted to its contents, as a double click on its divider does, the Font column
+        // is as wide as its widest sample.
+        grid(d)->resizeColumnToContents(fontColumn);
+        const QTreeWidgetItem *widest = grid(d)->topLevelItem(int(std::size(rows)) - 1);
+        EXPECT_GE(
+            grid(d)->columnWidth(fontColumn),
+            QFontMetrics(widest->font(fontColumn), d).horizontalAdvance(widest->text(fontColumn)));
+    });
+}
+
 TEST_F(FontsDialog, CancelAndResetWriteNothingAndTheCloseBoxReadsAsConfirmed)
 {
     const QByteArray system =
