@@ -155,7 +155,7 @@ QList<FilterRow> LoadFilterRows(QObject *host, const pugi::xml_document &documen
 }
 
 bool SaveFilterValues(pugi::xml_document &document, const QList<FilterRow> &rows,
-                      const QString &file)
+                      const QString &file, QString *why)
 {
     // Matched by name only: filters sharing a name all take the value. The elements are
     // indexed once, so that a save takes time in proportion to the filters.
@@ -169,7 +169,7 @@ bool SaveFilterValues(pugi::xml_document &document, const QList<FilterRow> &rows
              it != byName.cend() && it.key() == row.identifier; ++it)
             SetXmlAttribute(*it, QStringLiteral("value"), row.value);
     }
-    return SaveXmlDocument(document, file);
+    return SaveXmlDocument(document, file, why);
 }
 
 } // namespace bravcpl5

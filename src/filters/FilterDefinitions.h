@@ -85,6 +85,6 @@ QList<FilterRow> LoadFilterRows(QObject *host, const pugi::xml_document &documen
 // Writes each row's value into the `value` attribute of the filter elements of its name
 // and saves the whole document over `file`. False when the save failed.
 bool SaveFilterValues(pugi::xml_document &document, const QList<FilterRow> &rows,
-                      const QString &file);
+                      const QString &file, QString *why = nullptr);
 
 } // namespace bravcpl5

@@ -37,7 +37,7 @@ QList<OutputField> LoadReportFields(const pugi::xml_document *document)
 bool IsAcceptableFieldSize(const QString &text) { return values::isNumeric(text); }
 
 bool SaveReportFields(pugi::xml_document *document, const QList<OutputField> &fields,
-                      const QString &file)
+                      const QString &file, QString *why)
 {
     if (!document)
         return false;
@@ -53,7 +53,7 @@ bool SaveReportFields(pugi::xml_document *document, const QList<OutputField> &fi
         if (const auto it = byName.constFind(field.key); it != byName.cend())
             SetXmlAttribute(*it, QStringLiteral("size"), field.size);
     }
-    return SaveXmlDocument(*document, file);
+    return SaveXmlDocument(*document, file, why);
 }
 
 } // namespace bravcpl5

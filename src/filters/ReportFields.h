@@ -28,6 +28,6 @@ bool IsAcceptableFieldSize(const QString &text);
 // the whole document over `file`, with or without a "Fields" element. False when the save
 // failed or there is no document.
 bool SaveReportFields(pugi::xml_document *document, const QList<OutputField> &fields,
-                      const QString &file);
+                      const QString &file, QString *why = nullptr);
 
 } // namespace bravcpl5

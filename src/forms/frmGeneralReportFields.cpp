@@ -4,6 +4,7 @@
 
 #include "forms/ReportGrid.h"
 #include "library/Library.h"
+#include "library/Messages.h"
 
 namespace bravcpl5 {
 
@@ -51,7 +52,10 @@ void frmGeneralReportFields::sizeEdited(const QModelIndex &index, const QString 
 
 void frmGeneralReportFields::cmdOK_Click()
 {
-    SaveReportFields(document(), m_fields, configurationFile());
+    // A failed save is named to the user; the dialog closes as confirmed all the same.
+    QString why;
+    if (!SaveReportFields(document(), m_fields, configurationFile(), &why) && !why.isEmpty())
+        ShowSaveFailure(configurationFile(), why, this);
     setCancelled(false);
     accept();
 }

@@ -5,6 +5,7 @@
 #include "forms/ReportGrid.h"
 #include "forms/frmCustomDateRange.h"
 #include "library/Library.h"
+#include "library/Messages.h"
 
 namespace bravcpl5 {
 
@@ -113,9 +114,12 @@ void frmGeneralReportFilters::showDescription(QTreeWidgetItem *item)
 void frmGeneralReportFilters::cmdOK_Click()
 {
     // Only a successful save confirms the dialog; a file that could not be loaded has
-    // nothing to write.
-    if (!document() || SaveFilterValues(*document(), m_rows, configurationFile()))
+    // nothing to write, and one that could not be written is named to the user.
+    QString why;
+    if (!document() || SaveFilterValues(*document(), m_rows, configurationFile(), &why))
         setCancelled(false);
+    else if (!why.isEmpty())
+        ShowSaveFailure(configurationFile(), why, this);
     accept();
 }
 

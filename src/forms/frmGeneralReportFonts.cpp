@@ -7,6 +7,7 @@
 #include "layout/ReportFontList.h"
 #include "layout/ReportLayout.h"
 #include "layout/WindowsColor.h"
+#include "library/Messages.h"
 #include "library/ValueRules.h"
 #include "library/Xml.h"
 
@@ -179,14 +180,16 @@ void frmGeneralReportFonts::cmdChangeFont_Click()
 
 void frmGeneralReportFonts::SaveFontList()
 {
-    // The user's copy, even where only the system's exists; a failed save is silent.
+    // The user's copy, even where only the system's exists; a failed save is named to the
+    // user, and the dialog closes as confirmed all the same.
     if (!m_layout)
         return;
     const QString file = m_list.reportType == processReports
                              ? m_layout->ProcessReportFontsFile(true)
                              : m_layout->GeneralReportFontsFile(true);
-    if (!file.isEmpty())
-        m_list.save(file);
+    QString why;
+    if (!file.isEmpty() && !m_list.save(file, &why) && !why.isEmpty())
+        ShowSaveFailure(file, why, this);
 }
 
 void frmGeneralReportFonts::cmdOK_Click()

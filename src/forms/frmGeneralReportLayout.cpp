@@ -9,6 +9,7 @@
 #include "layout/ReportFurniture.h"
 #include "layout/ReportLayout.h"
 #include "library/LateBinding.h"
+#include "library/Messages.h"
 #include "library/ValueRules.h"
 
 #include <QCloseEvent>
@@ -257,7 +258,9 @@ void frmGeneralReportLayout::updatePreview()
 
 void frmGeneralReportLayout::cmdOK_Click()
 {
-    fromControls().save(m_layoutFile);
+    QString why;
+    if (!fromControls().save(m_layoutFile, &why) && !why.isEmpty())
+        ShowSaveFailure(m_layoutFile, why, this);
     setCancelled(false);
     accept();
 }

@@ -259,9 +259,11 @@ void frmPageSetup::toControls()
 
 void frmPageSetup::cmdOK_Click()
 {
-    // Typed values are stored as they stand; the file reports nothing on failure.
-    if (m_store)
-        m_store->savePageSetup(m_configuration, m_value);
+    // Typed values are stored as they stand. A file that could not be written is named to
+    // the user; the dialog closes as confirmed all the same.
+    QString why;
+    if (m_store && !m_store->savePageSetup(m_configuration, m_value, &why) && !why.isEmpty())
+        ShowSaveFailure(m_store->GetPrinterConfigurationFileFromName(m_configuration), why, this);
     setCancelled(false);
     accept();
 }

@@ -140,12 +140,12 @@ XmlDocumentPtr GeneralReportLayout::toDocument() const
     return document;
 }
 
-bool GeneralReportLayout::save(const QString &path) const
+bool GeneralReportLayout::save(const QString &path, QString *why) const
 {
     if (path.isEmpty())
         return false;
     const XmlDocumentPtr document = toDocument();
-    return document && SaveXmlDocument(*document, path);
+    return document && SaveXmlDocument(*document, path, why);
 }
 
 QStringList PageNumberFormats()

@@ -57,7 +57,7 @@ struct GeneralReportLayout {
     // A new document with every element and attribute, in the file's order.
     XmlDocumentPtr toDocument() const;
     // Writes the document over `path`; an empty path writes nothing (false).
-    bool save(const QString &path) const;
+    bool save(const QString &path, QString *why = nullptr) const;
 };
 
 // The page number formats offered, in order; "nnn"/"nnnn" stands for the page number and

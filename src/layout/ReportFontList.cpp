@@ -87,10 +87,10 @@ XmlDocumentPtr ReportFontList::toDocument() const
     return document;
 }
 
-bool ReportFontList::save(const QString &path) const
+bool ReportFontList::save(const QString &path, QString *why) const
 {
     const XmlDocumentPtr document = toDocument();
-    return document && SaveXmlDocument(*document, path);
+    return document && SaveXmlDocument(*document, path, why);
 }
 
 } // namespace bravcpl5

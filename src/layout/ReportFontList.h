@@ -34,7 +34,7 @@ struct ReportFontList {
     // Sizes keep a fraction a font dialog gave them (10.5).
     XmlDocumentPtr toDocument() const;
     // Writes toDocument() to `path`, whole or not at all.
-    bool save(const QString &path) const;
+    bool save(const QString &path, QString *why = nullptr) const;
 };
 
 } // namespace bravcpl5

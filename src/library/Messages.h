@@ -25,6 +25,10 @@ QMessageBox::StandardButton ShowMessage(const QString &text,
                                         QMessageBox::StandardButtons buttons = QMessageBox::Ok,
                                         QWidget *parent = nullptr);
 
+// Tells the user that `file` could not be saved, and why (the system's words). A dialog's OK
+// still closes as it always did; it just never does so in silence.
+void ShowSaveFailure(const QString &file, const QString &why, QWidget *parent = nullptr);
+
 // Replaces how messages are shown; an empty handler restores the message box.
 void SetMessageHandler(MessageHandler handler);
 

@@ -27,16 +27,16 @@ bool flushToDisk(QFileDevice &file)
 #endif
 }
 
-// What the system said of the last failure on the file: Qt's words, or the C library's
-// where only it saw the failure (fsync).
+// What the system said of the last failure on the file: the C library's words for the
+// system call that failed (cleared before each save), else Qt's.
 QString systemError(const QFileDevice &file)
 {
-    if (file.error() != QFileDevice::NoError)
-        return file.errorString();
 #ifdef Q_OS_UNIX
     if (errno != 0)
         return QString::fromLocal8Bit(std::strerror(errno));
 #endif
+    if (file.error() != QFileDevice::NoError)
+        return file.errorString();
     return QStringLiteral("the system refused the file");
 }
 
@@ -122,6 +122,9 @@ bool WriteWholeFile(const QString &path, const QByteArray &bytes, QString *why)
     QString reason = QStringLiteral("no file was named");
     bool written = false;
     if (!path.isEmpty()) {
+#ifdef Q_OS_UNIX
+        errno = 0;
+#endif
         QSaveFile file(path);
         file.setDirectWriteFallback(false);
         if (file.open(QIODevice::WriteOnly)) {

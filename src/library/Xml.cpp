@@ -347,13 +347,18 @@ QByteArray XmlDocumentText(const pugi::xml_document &document)
     return writer.bytes;
 }
 
-bool SaveXmlDocument(const pugi::xml_document &document, const QString &path)
+bool SaveXmlDocument(const pugi::xml_document &document, const QString &path, QString *why)
 {
     if (path.isEmpty())
         return false;
-    if (WriteWholeFile(path, XmlDocumentText(document)))
+    const QByteArray text = XmlDocumentText(document);
+    QString reason = QStringLiteral("it would be larger than the %1 MiB a settings file may hold")
+                         .arg(maxDocumentBytes / (1024 * 1024));
+    if (text.size() <= maxDocumentBytes && WriteWholeFile(path, text, &reason))
         return true;
-    qCWarning(lcXml).noquote() << "could not save" << path;
+    qCWarning(lcXml).noquote() << "could not save" << path << "-" << reason;
+    if (why)
+        *why = reason;
     return false;
 }
 

@@ -58,6 +58,9 @@ QString NodeText(const pugi::xpath_node &node);
 QByteArray XmlDocumentText(const pugi::xml_document &document);
 // Saves whole or not at all (WriteWholeFile): a failed save returns false and leaves the
 // previous file byte-for-byte as it was.
-bool SaveXmlDocument(const pugi::xml_document &document, const QString &path);
+// A document larger than LoadXmlFile reads back is refused rather than saved. `why`, when
+// given, says why a save failed, for the user.
+bool SaveXmlDocument(const pugi::xml_document &document, const QString &path,
+                     QString *why = nullptr);
 
 } // namespace bravcpl5

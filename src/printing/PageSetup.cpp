@@ -153,10 +153,10 @@ bool ReadPageSetup(const QString &file, const PageSetupChoices &choices, const P
     return document && fields.read(*document, choices, paper);
 }
 
-bool WritePageSetup(const QString &file, const PageSetup &fields)
+bool WritePageSetup(const QString &file, const PageSetup &fields, QString *why)
 {
     const XmlDocumentPtr document = LoadXmlFile(file);
-    return document && fields.write(*document) && SaveXmlDocument(*document, file);
+    return document && fields.write(*document) && SaveXmlDocument(*document, file, why);
 }
 
 } // namespace bravcpl5

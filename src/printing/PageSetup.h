@@ -76,6 +76,6 @@ struct PageSetup {
 // could not.
 bool ReadPageSetup(const QString &file, const PageSetupChoices &choices, const PaperDefaults &paper,
                    PageSetup &fields);
-bool WritePageSetup(const QString &file, const PageSetup &fields);
+bool WritePageSetup(const QString &file, const PageSetup &fields, QString *why = nullptr);
 
 } // namespace bravcpl5

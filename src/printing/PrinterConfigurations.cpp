@@ -273,9 +273,10 @@ bool PrinterConfigurations::readPageSetup(const QString &configuration,
                          pageSetup);
 }
 
-bool PrinterConfigurations::savePageSetup(const QString &configuration, const PageSetup &pageSetup)
+bool PrinterConfigurations::savePageSetup(const QString &configuration, const PageSetup &pageSetup,
+                                          QString *why)
 {
-    return WritePageSetup(GetPrinterConfigurationFileFromName(configuration), pageSetup);
+    return WritePageSetup(GetPrinterConfigurationFileFromName(configuration), pageSetup, why);
 }
 
 ConfigurationChange PrinterConfigurations::renameConfiguration(const QString &configuration,

@@ -86,8 +86,10 @@ public:
     // false, with `pageSetup` untouched, when it has no file or no "PageSetup" element.
     bool readPageSetup(const QString &configuration, const PageSetupChoices &choices,
                        const PaperDefaults &paper, PageSetup &pageSetup);
-    // Saves the page setup into the configuration's file; false when nothing was saved.
-    bool savePageSetup(const QString &configuration, const PageSetup &pageSetup);
+    // Saves the page setup into the configuration's file; false when nothing was saved,
+    // `why` then saying why when the file could not be written.
+    bool savePageSetup(const QString &configuration, const PageSetup &pageSetup,
+                       QString *why = nullptr);
 
     // The printer configurations dialog's commands on files, with its rules: each is done
     // whole (the file and the assignment that goes with it) or changes nothing.

@@ -11,6 +11,7 @@
 #include "support/DialogDriver.h"
 #include "support/ListedPrinters.h"
 #include "support/MessageRecorder.h"
+#include "support/SmallFileSystem.h"
 #include "support/StoreFixture.h"
 
 #include <QAction>
@@ -319,6 +320,58 @@ TEST_F(PrinterConfigurationsDialog, TheFormItselfChangesFilesAndPrintersThroughT
     EXPECT_FALSE(form.rows()[row("Invoice - Copy")].system);
     EXPECT_EQ(form.rows(), store->configurations());
     EXPECT_TRUE(messages.texts().isEmpty()) << messages.texts().join('\n').toStdString();
+}
+
+// On a full disk, and in a folder that takes no change, each command either happens whole or
+// changes nothing, and says so: no printer shown that was not saved, no renamed file whose
+// printer stayed behind, no half copy.
+TEST_F(PrinterConfigurationsDialog, OnAFullDiskEveryCommandIsWholeOrNothingAndSaysSo)
+{
+    SmallFileSystem fs(256 * 1024);
+    REQUIRE_SMALL_FILE_SYSTEM(fs);
+    host.testOptions().userFolder = fs.filePath(QStringLiteral("Reports"));
+    const QString userInvoice = writeFile(fs.filePath(QStringLiteral("Reports/Invoice.pcx")),
+                                          configurationXml("<TopMargin>.5</TopMargin>"));
+    writeFile(fs.filePath(QStringLiteral("Reports/Plain.pcx")), configurationXml(""));
+    SetRegistryFile(fs.filePath(QStringLiteral("registry.ini")));
+    store->SetPrinterForConfiguration(QStringLiteral("Letter"), QStringLiteral("Office-Laser"));
+    store->SetPrinterForConfiguration(QStringLiteral("Invoice"), QStringLiteral("Label-Printer"));
+    fs.fill();
+    const QByteArray registry = readFile(RegistryFile());
+    const auto userFiles = [&]() { return QDir(host.userFolder()).entryList(QDir::Files); };
+    const QStringList files = userFiles();
+
+    MessageRecorder messages(
+        {QMessageBox::Ok, QMessageBox::Ok, QMessageBox::Ok, QMessageBox::Yes, QMessageBox::Ok});
+    frmPrinterConfigurations form;
+    form.SetUp(&library);
+    form.show();
+    Settle();
+    const auto item = [&](const QString &name) {
+        return grid(&form)->findItems(name, Qt::MatchExactly, 0).value(0);
+    };
+    ASSERT_TRUE(item("Plain") && item("Invoice") && item("Letter"));
+
+    item("Plain")->setText(1, QStringLiteral("Plotter"));
+    select(&form, QStringLiteral("Letter"));
+    child<QPushButton>(&form, "cmdCopy")->click();
+    item("Invoice")->setText(0, QStringLiteral("Invoices"));
+    ASSERT_TRUE(fs.lockFolderKeepingFileWritable(userInvoice));
+    select(&form, QStringLiteral("Invoice"));
+    command(&form, 1005)->trigger();
+
+    EXPECT_EQ(messages.texts(),
+              QStringList({"The printer 'Plotter' could not be assigned to the printer "
+                           "configuration 'Plain'.",
+                           "The printer configuration 'Letter' could not be copied.",
+                           "The printer configuration 'Invoice' could not be renamed.",
+                           "Are you sure you want to delete the printer configuration 'Invoice'?",
+                           "The printer configuration could not be deleted."}));
+    EXPECT_EQ(readFile(RegistryFile()), registry);
+    EXPECT_EQ(userFiles(), files);
+    EXPECT_EQ(form.rows(), store->configurations());
+    EXPECT_TRUE(shown(&form).contains("Plain |  | Plain.pcx"))
+        << shown(&form).join('\n').toStdString();
 }
 
 } // namespace

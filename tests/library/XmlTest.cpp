@@ -187,4 +187,22 @@ TEST(Xml, AFailedSaveLeavesThePreviousFile)
     }
 }
 
+// A document that would load as nothing is never saved: the old file stays, and the reason
+// is there for the user.
+TEST(Xml, ADocumentTooLargeToLoadAgainIsNotSaved)
+{
+    QTemporaryDir dir;
+    const QString path = test::writeFile(dir.filePath(QStringLiteral("Orders.rpx")), "<Report/>");
+    const XmlDocumentPtr grown = LoadXmlFile(path);
+    ASSERT_TRUE(grown);
+    pugi::xml_node report = grown->document_element();
+    const std::string label(200, 'x');
+    for (int i = 0; i < 90000; ++i) // each element about 220 bytes: past 16 MiB whole
+        report.append_child("Field").append_attribute("label") = label.c_str();
+    QString why;
+    EXPECT_FALSE(SaveXmlDocument(*grown, path, &why));
+    EXPECT_EQ(test::readFile(path), "<Report/>");
+    EXPECT_TRUE(why.contains(QStringLiteral("16 MiB"))) << why.toStdString();
+}
+
 } // namespace
