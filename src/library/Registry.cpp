@@ -245,13 +245,16 @@ public:
     {
         m_lock.setStaleLockTime(0);
         const QByteArray lockName = QFile::encodeName(m_lock.fileName());
-        if (lastRelease().isValid() && lastRelease().nsecsElapsed() < turnUs * 1000)
-            QThread::usleep(turnUs - lastRelease().nsecsElapsed() / 1000);
+        if (const qint64 sinceUs = lastRelease().isValid() ? lastRelease().nsecsElapsed() / 1000
+                                                           : turnUs;
+            sinceUs < turnUs)
+            QThread::usleep(turnUs - sinceUs);
         QElapsedTimer waited;
         waited.start();
         qint64 lastTry = -fullTryMs;
         for (;;) {
-            // Only QLockFile itself can tell a dead writer's lock, and it takes some looking.
+            // While the lock's file is there, QLockFile looks at it only now and then: it alone
+            // can tell a dead writer's lock, and that takes reading the lock and the process.
             struct stat status {
             };
             if (::lstat(lockName.constData(), &status) != 0
@@ -282,8 +285,8 @@ public:
     bool taken() const { return m_taken; }
 
 private:
-    static constexpr int lookEveryUs = 500; // on average
-    static constexpr int turnUs = 1000;     // longer than a waiter's longest look
+    static constexpr int lookEveryUs = 1000; // on average
+    static constexpr int turnUs = 2000;      // longer than a waiter's longest look
     static constexpr int fullTryMs = 50;
 
     static QElapsedTimer &lastRelease()
@@ -322,7 +325,9 @@ template <typename Change> bool updateFile(const QString &path, Change change)
     if (ini->hasFlatEntries())
         mergeFlatEntries(path, *ini);
     change(*ini);
-    return WriteWholeFile(path, ini->text());
+    thread_local QByteArray text;
+    ini->text(text);
+    return WriteWholeFile(path, text);
 }
 
 // The file as it is to be read, an older flat file migrated first.

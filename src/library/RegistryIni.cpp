@@ -133,9 +133,9 @@ RegistryIni RegistryIni::parse(const QByteArray &text)
     return ini;
 }
 
-QByteArray RegistryIni::text() const
+void RegistryIni::text(QByteArray &out) const
 {
-    QByteArray out;
+    out.resize(0); // keeps its room
     out.reserve(source.size() + 1024);
     for (const Key &key : keys) {
         if (key.values.isEmpty())
@@ -157,7 +157,6 @@ QByteArray RegistryIni::text() const
             out += '\n';
         }
     }
-    return out;
 }
 
 std::optional<QString> RegistryIni::value(const QString &key, const QString &name) const

@@ -31,7 +31,9 @@ public:
     // are decoded when asked for, so parsing a large file costs little more than finding
     // its lines.
     static RegistryIni parse(const QByteArray &text);
-    QByteArray text() const;
+    // Replaces `out` with the file's text. The room `out` already has is used again: the
+    // fresh memory for a large file's text each time costs more than the copying.
+    void text(QByteArray &out) const;
 
     // `key` is the registry's path text, parts separated by "\".
     std::optional<QString> value(const QString &key, const QString &name) const;
