@@ -6,7 +6,7 @@ namespace bravcpl5 {
 
 namespace {
 
-bool isBlank(QChar c) { return c == QLatin1Char(' ') || c == QLatin1Char('\t'); }
+bool isBlank(char16_t c) { return c == u' ' || c == u'\t'; }
 
 // `special` lists what the context reads as syntax; control characters, "%" and a blank
 // at either end are escaped everywhere.
@@ -19,7 +19,7 @@ QString escaped(const QString &text, QLatin1StringView special, QLatin1StringVie
         const bool atEdge = i == 0 || i == text.size() - 1;
         if (c.unicode() < 0x20 || c.unicode() == 0x7f || c == QLatin1Char('%')
             || special.contains(c) || (i == 0 && specialFirst.contains(c))
-            || (atEdge && isBlank(c)))
+            || (atEdge && isBlank(c.unicode())))
             out += QStringLiteral("%%1").arg(c.unicode(), 2, 16, QLatin1Char('0')).toUpper();
         else
             out += c;
@@ -71,9 +71,9 @@ QString keyPath(const QString &group)
 
 QByteArrayView trimmedBlanks(QByteArrayView text)
 {
-    while (!text.isEmpty() && (text.front() == ' ' || text.front() == '\t'))
+    while (!text.isEmpty() && isBlank(text.front()))
         text = text.sliced(1);
-    while (!text.isEmpty() && (text.back() == ' ' || text.back() == '\t'))
+    while (!text.isEmpty() && isBlank(text.back()))
         text.chop(1);
     return text;
 }
@@ -112,7 +112,7 @@ RegistryIni RegistryIni::parse(const QByteArray &text)
         if (currentKey < 0 || equals < 0)
             continue;
         const QByteArrayView name = trimmedBlanks(line.first(equals));
-        // The flat form spelt the whole path in the name, its "\\" as "%5C".
+        // The flat form spelt the whole path in the name, its "\" as "%5C".
         if (inGeneral && name.toByteArray().toUpper().contains("%5C")) {
             ini.flatEntries = true;
             continue;
