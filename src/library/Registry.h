@@ -24,13 +24,15 @@ inline constexpr auto PrinterConfigurationsKeyTemplate =
 inline constexpr auto WindowPositionsKey = "Software\\Tarnwell\\Lumarest\\5.0\\Window Positions\\";
 
 // The value's string data, or `defaultValue` when the hive is not HKEY_CURRENT_USER or
-// the key or value is missing.
+// the key or value is missing. Off Windows a file that has not changed since it was last
+// read answers from that reading, and one that has (another process's write) is read anew.
 QString GetRegValue(unsigned hive, const QString &key, const QString &valueName,
                     const QString &defaultValue);
 // Every string value of the key as (name, data), read at once; none when the hive is not
 // HKEY_CURRENT_USER or the key is missing.
 QList<std::pair<QString, QString>> GetRegValues(unsigned hive, const QString &key);
-// Creates the key when needed and writes the string value; false when it could not.
+// Creates the key when needed and writes the string value; false when it could not, also
+// when another writer's lock could not be had within seconds.
 bool SetRegValue(unsigned hive, const QString &key, const QString &valueName, const QString &data);
 
 // The printer-configurations key with the host's settings profile filled in.

@@ -6,7 +6,7 @@ namespace bravcpl5 {
 
 namespace {
 
-bool isBlank(QChar c) { return c == QLatin1Char(' ') || c == QLatin1Char('\t'); }
+bool isBlank(char16_t c) { return c == u' ' || c == u'\t'; }
 
 // `special` lists what the context reads as syntax; control characters, "%" and a blank
 // at either end are escaped everywhere.
@@ -19,7 +19,7 @@ QString escaped(const QString &text, QLatin1StringView special, QLatin1StringVie
         const bool atEdge = i == 0 || i == text.size() - 1;
         if (c.unicode() < 0x20 || c.unicode() == 0x7f || c == QLatin1Char('%')
             || special.contains(c) || (i == 0 && specialFirst.contains(c))
-            || (atEdge && isBlank(c)))
+            || (atEdge && isBlank(c.unicode())))
             out += QStringLiteral("%%1").arg(c.unicode(), 2, 16, QLatin1Char('0')).toUpper();
         else
             out += c;
@@ -61,18 +61,18 @@ QString groupName(const QString &keyPath)
     return parts.join(QLatin1Char('/'));
 }
 
-QString keyPath(QStringView group)
+QString keyPath(const QString &group)
 {
     QStringList parts;
-    for (QStringView part : group.split(QLatin1Char('/')))
+    for (QStringView part : QStringView(group).split(QLatin1Char('/')))
         parts << unescaped(part);
     return parts.join(QLatin1Char('\\'));
 }
 
-QStringView trimmedBlanks(QStringView text)
+QByteArrayView trimmedBlanks(QByteArrayView text)
 {
     while (!text.isEmpty() && isBlank(text.front()))
-        text = text.mid(1);
+        text = text.sliced(1);
     while (!text.isEmpty() && isBlank(text.back()))
         text.chop(1);
     return text;
@@ -83,51 +83,80 @@ QStringView trimmedBlanks(QStringView text)
 RegistryIni RegistryIni::parse(const QByteArray &text)
 {
     RegistryIni ini;
-    QString all = QString::fromUtf8(text);
-    if (all.startsWith(QChar(0xFEFF)))
-        all.remove(0, 1); // a byte-order mark from an editor
+    ini.source = text;
+    const QByteArrayView all(ini.source);
+    const auto spanOf = [&](QByteArrayView part) {
+        return Span{part.data() - all.data(), part.size()};
+    };
+    qsizetype next = all.startsWith("\xEF\xBB\xBF") ? 3 : 0; // a byte-order mark from an editor
     qsizetype currentKey = -1;
     bool inGeneral = false;
-    for (QStringView line : QStringView(all).split(QLatin1Char('\n'))) {
-        line = trimmedBlanks(line.endsWith(QLatin1Char('\r')) ? line.chopped(1) : line);
-        if (line.isEmpty() || line.startsWith(QLatin1Char(';'))
-            || line.startsWith(QLatin1Char('#')))
+    while (next < all.size()) {
+        qsizetype end = ini.source.indexOf('\n', next);
+        if (end < 0)
+            end = all.size();
+        QByteArrayView line = all.sliced(next, end - next);
+        next = end + 1;
+        line = trimmedBlanks(line.endsWith('\r') ? line.chopped(1) : line);
+        if (line.isEmpty() || line.startsWith(';') || line.startsWith('#'))
             continue;
-        if (line.startsWith(QLatin1Char('[')) && line.endsWith(QLatin1Char(']'))) {
-            const QStringView group = line.mid(1, line.size() - 2);
+        if (line.startsWith('[') && line.endsWith(']')) {
+            const QString group = QString::fromUtf8(line.sliced(1, line.size() - 2));
             inGeneral = group == QLatin1String("General");
             currentKey = ini.keyIndex(keyPath(group));
+            if (ini.keys[currentKey].header.at < 0)
+                ini.keys[currentKey].header = spanOf(line);
             continue;
         }
-        const qsizetype equals = line.indexOf(QLatin1Char('='));
+        const qsizetype equals = line.indexOf('=');
         if (currentKey < 0 || equals < 0)
             continue;
-        const QStringView name = trimmedBlanks(line.left(equals));
+        const QByteArrayView name = trimmedBlanks(line.first(equals));
         // The flat form spelt the whole path in the name, its "\" as "%5C".
-        if (inGeneral && name.contains(QLatin1String("%5C"), Qt::CaseInsensitive)) {
+        if (inGeneral && name.toByteArray().toUpper().contains("%5C")) {
             ini.flatEntries = true;
             continue;
         }
-        ini.setValue(ini.keys[currentKey], unescaped(name),
-                     unescaped(trimmedBlanks(line.mid(equals + 1))));
+        Key &key = ini.keys[currentKey];
+        const qsizetype before = key.values.size();
+        Value &value = key.values[valueIndex(key, unescaped(QString::fromUtf8(name)))];
+        const Span data = spanOf(trimmedBlanks(line.sliced(equals + 1)));
+        if (key.values.size() > before) {
+            value.line = spanOf(line);
+            value.data = data;
+        } else {
+            // A name given twice: the later data wins, under the name as first spelt.
+            value.setData = ini.decoded(data);
+            value.line = value.data = Span();
+        }
     }
     return ini;
 }
 
-QByteArray RegistryIni::text() const
+void RegistryIni::text(QByteArray &out) const
 {
-    QString out;
+    out.resize(0); // keeps its room
+    out.reserve(source.size() + 1024);
     for (const Key &key : keys) {
         if (key.values.isEmpty())
             continue; // a group that held only the flat form's entries, or nothing
         if (!out.isEmpty())
-            out += QLatin1Char('\n');
-        out += QLatin1Char('[') + groupName(key.path) + QLatin1String("]\n");
-        for (const Value &value : key.values)
-            out += escaped(value.name, QLatin1StringView("="), QLatin1StringView(";#["))
-                   + QLatin1Char('=') + escaped(value.data, {}) + QLatin1Char('\n');
+            out += '\n';
+        if (key.header.at >= 0)
+            out += bytes(key.header);
+        else
+            out += (QLatin1Char('[') + groupName(key.path) + QLatin1Char(']')).toUtf8();
+        out += '\n';
+        for (const Value &value : key.values) {
+            if (value.line.at >= 0)
+                out += bytes(value.line);
+            else
+                out += (escaped(value.name, QLatin1StringView("="), QLatin1StringView(";#["))
+                        + QLatin1Char('=') + escaped(value.setData, {}))
+                           .toUtf8();
+            out += '\n';
+        }
     }
-    return out.toUtf8();
 }
 
 std::optional<QString> RegistryIni::value(const QString &key, const QString &name) const
@@ -139,7 +168,7 @@ std::optional<QString> RegistryIni::value(const QString &key, const QString &nam
     const auto v = found.byName.constFind(name.toCaseFolded());
     if (v == found.byName.cend())
         return std::nullopt;
-    return found.values.at(*v).data;
+    return data(found.values.at(*v));
 }
 
 QList<std::pair<QString, QString>> RegistryIni::values(const QString &key) const
@@ -148,9 +177,21 @@ QList<std::pair<QString, QString>> RegistryIni::values(const QString &key) const
     const auto k = byPath.constFind(key.toCaseFolded());
     if (k != byPath.cend()) {
         for (const Value &value : keys.at(*k).values)
-            all.append({value.name, value.data});
+            all.append({value.name, data(value)});
     }
     return all;
+}
+
+QByteArrayView RegistryIni::bytes(Span span) const
+{
+    return QByteArrayView(source).sliced(span.at, span.size);
+}
+
+QString RegistryIni::decoded(Span span) const { return unescaped(QString::fromUtf8(bytes(span))); }
+
+QString RegistryIni::data(const Value &value) const
+{
+    return value.data.at >= 0 ? decoded(value.data) : value.setData;
 }
 
 qsizetype RegistryIni::keyIndex(const QString &path)
@@ -159,24 +200,26 @@ qsizetype RegistryIni::keyIndex(const QString &path)
     if (const auto found = byPath.constFind(folded); found != byPath.cend())
         return *found;
     byPath.insert(folded, keys.size());
-    keys.append(Key{path, {}, {}});
+    keys.append(Key{path, {}, {}, {}});
     return keys.size() - 1;
 }
 
-void RegistryIni::setValue(Key &key, const QString &name, const QString &data)
+qsizetype RegistryIni::valueIndex(Key &key, const QString &name)
 {
     const QString folded = name.toCaseFolded();
-    if (const auto found = key.byName.constFind(folded); found != key.byName.cend()) {
-        key.values[*found].data = data;
-        return;
-    }
+    if (const auto found = key.byName.constFind(folded); found != key.byName.cend())
+        return *found;
     key.byName.insert(folded, key.values.size());
-    key.values.append(Value{name, data});
+    key.values.append(Value{name, {}, {}, {}});
+    return key.values.size() - 1;
 }
 
 void RegistryIni::setValue(const QString &key, const QString &name, const QString &data)
 {
-    setValue(keys[keyIndex(key)], name, data);
+    Key &found = keys[keyIndex(key)];
+    Value &value = found.values[valueIndex(found, name)];
+    value.setData = data;
+    value.line = value.data = Span();
 }
 
 } // namespace bravcpl5

@@ -11,6 +11,10 @@
 // key's part, "=" in a value name, line breaks, spaces at either end, a leading ";", "#"
 // or "[") is written as "%" and two hex digits. Key and value names are compared without
 // regard to case, as the registry's are; a name keeps the case it was first written with.
+//
+// A value is written back as the very bytes it was read as until it is set anew, so that
+// text in another encoding (not UTF-8) survives a write of some other value, and writing
+// a large file costs little more than copying it.
 
 #include <QByteArray>
 #include <QHash>
@@ -23,9 +27,13 @@ namespace bravcpl5 {
 class RegistryIni
 {
 public:
-    // Reads what it can: lines it does not understand are skipped, never an error.
+    // Reads what it can: lines it does not understand are skipped, never an error. Values
+    // are decoded when asked for, so parsing a large file costs little more than finding
+    // its lines.
     static RegistryIni parse(const QByteArray &text);
-    QByteArray text() const;
+    // Replaces `out` with the file's text. The room `out` already has is used again: the
+    // fresh memory for a large file's text each time costs more than the copying.
+    void text(QByteArray &out) const;
 
     // `key` is the registry's path text, parts separated by "\".
     std::optional<QString> value(const QString &key, const QString &name) const;
@@ -38,20 +46,33 @@ public:
     bool hasFlatEntries() const { return flatEntries; }
 
 private:
+    // Bytes of `source`; an empty span (`at` -1) is none.
+    struct Span {
+        qsizetype at = -1;
+        qsizetype size = 0;
+    };
     struct Value {
         QString name;
-        QString data;
+        Span line;       // as read, written back while the value is unchanged
+        Span data;       // the data's text in `line`, decoded when asked for
+        QString setData; // what the value was set to since, when `line` is none
     };
     struct Key {
         QString path;
+        Span header; // the group line as read
         QList<Value> values;
         QHash<QString, qsizetype> byName; // case-folded name -> index in values
     };
 
     // The key's index in `keys`, added when new.
     qsizetype keyIndex(const QString &path);
-    static void setValue(Key &key, const QString &name, const QString &data);
+    // The value's index in `key`, added (without data) when new.
+    static qsizetype valueIndex(Key &key, const QString &name);
+    QByteArrayView bytes(Span span) const;
+    QString decoded(Span span) const;
+    QString data(const Value &value) const;
 
+    QByteArray source; // the text parsed
     QList<Key> keys;
     QHash<QString, qsizetype> byPath; // case-folded path -> index in keys
     bool flatEntries = false;

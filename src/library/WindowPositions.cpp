@@ -15,6 +15,11 @@ namespace bravcpl5 {
 
 namespace {
 
+// No window is wider or taller than a window system can address (X11's 16-bit signed
+// coordinates); a record asking for more was not written by a form and would only make
+// the form allocate a surface of that size.
+constexpr int maxWindowPixels = 32767;
+
 int toPixels(qint32 twips, int dpi) { return int(std::lround(twips * double(dpi) / TwipsPerInch)); }
 qint64 toTwips(int pixels, int dpi) { return std::llround(pixels * TwipsPerInch / double(dpi)); }
 
@@ -173,7 +178,10 @@ void RestoreWindowPosition(const QString &name, QWidget *form, bool restoreSize)
         const std::optional<qint32> twips = values::textToInt32(fields[i]);
         if (!twips)
             break;
-        *targets[i] = toPixels(*twips, dpis[i]);
+        const int pixels = toPixels(*twips, dpis[i]);
+        if (i >= 2 && (pixels < 0 || pixels > maxWindowPixels)) // width or height
+            break; // a size the form refuses, as it refuses text
+        *targets[i] = pixels;
     }
     if (!request.top)
         return;

@@ -13,7 +13,8 @@ class QWidget;
 namespace bravcpl5 {
 
 // Moves `form`'s frame to the stored place (and gives it the stored size when `restoreSize`).
-// Stops at the first field that is not a number, keeping what was already applied; a record
+// Stops at the first field that is not a number, or at a size no window can have (negative,
+// or beyond what a window system addresses), keeping what was already applied; a record
 // that does not have exactly four fields is ignored. Called before the form is first shown,
 // so that the window manager places the frame rather than the client area there; the size
 // is made the frame's once the window manager has framed the form.

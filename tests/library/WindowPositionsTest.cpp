@@ -24,7 +24,8 @@ QString stored(const QString &name)
 }
 
 // 15 twips to the pixel at the offscreen screen's 96 dpi. Records of three or five fields
-// are ignored; "10,20,abc,40" moves the form and keeps its size.
+// are ignored; "10,20,abc,40" moves the form and keeps its size, as does a size no window
+// can have, while a place far off any screen is applied as stored.
 TEST(WindowPositions, RestoreAppliesTheRecordAsStored)
 {
     const std::tuple<const char *, bool, QRect> cases[] = {
@@ -33,6 +34,11 @@ TEST(WindowPositions, RestoreAppliesTheRecordAsStored)
         {"0,0,100,100", false, QRect(0, 0, 300, 200)},
         {"-300,-1500,9000,6000", false, QRect(-100, -20, 300, 200)},
         {"10,20,abc,40", true, QRect(1, 1, 300, 200)},
+        // no window is that large, or negative: the size is refused, the place applied as it is
+        {"1200,2400,2147483647,2147483647", true, QRect(160, 80, 300, 200)},
+        {"1200,2400,9000,2147483647", true, QRect(160, 80, 600, 200)},
+        {"1200,2400,-9000,6000", true, QRect(160, 80, 300, 200)},
+        {"2147483647,-2147483648,9000,6000", true, QRect(-143165577, 143165576, 600, 400)},
         {"abc,20,9000,6000", true, QRect(50, 60, 300, 200)},
         {"1200,2400,9000", true, QRect(50, 60, 300, 200)},
         {"1200,2400,9000,6000,1", true, QRect(50, 60, 300, 200)},
