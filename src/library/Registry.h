@@ -32,6 +32,9 @@ QString GetRegValue(unsigned hive, const QString &key, const QString &valueName,
 QList<std::pair<QString, QString>> GetRegValues(unsigned hive, const QString &key);
 // Creates the key when needed and writes the string value; false when it could not.
 bool SetRegValue(unsigned hive, const QString &key, const QString &valueName, const QString &data);
+// Writes every (name, data) value of the key in one write: all are saved or none is.
+bool SetRegValues(unsigned hive, const QString &key,
+                  const QList<std::pair<QString, QString>> &values);
 
 // The printer-configurations key with the host's settings profile filled in.
 QString PrinterConfigurationsKey(QObject *host);
