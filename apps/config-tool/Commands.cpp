@@ -322,7 +322,8 @@ struct ImportEntry {
 };
 
 // The entries of an import with the workstation's own spelling of each configuration and
-// printer, and what each would change; complaints go to `err`, and any makes it empty.
+// printer, and what each would change; every bad entry is named on `err`, and any one of
+// them leaves none.
 std::optional<QList<ImportEntry>> importEntries(CommandContext &context,
                                                 const QJsonObject &printers, const QString &file)
 {
