@@ -15,6 +15,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <optional>
 
 using namespace bravcpl5;
 
@@ -89,6 +90,13 @@ int refuse(CommandContext &context, const QString &why)
     return Refused;
 }
 
+int notSaved(CommandContext &context)
+{
+    return refuse(context, QStringLiteral("the registry file '%1' could not be written; "
+                                          "nothing changed")
+                               .arg(RegistryFile()));
+}
+
 } // namespace
 
 QString DefaultAssignmentName() { return QString::fromLatin1(DefaultPrinterValueName); }
@@ -141,9 +149,8 @@ int AssignPrinter(CommandContext &context, const QString &configuration, const Q
         return refuse(
             context,
             QStringLiteral("there is no printer named '%1' on this computer").arg(printer));
-    late::call(store(context), "SetPrinterForConfiguration", {name, installed});
-    if (ownPrinter(context, name) != installed)
-        return refuse(context, QStringLiteral("the assignment could not be saved"));
+    if (!typedStore(context).assignPrinter(name, installed))
+        return notSaved(context);
     context.out << name << " -> " << installed << '\n';
     return Done;
 }
@@ -156,8 +163,12 @@ int UnassignPrinter(CommandContext &context, const QString &configuration)
         return refuse(
             context,
             QStringLiteral("there is no printer configuration named '%1'").arg(configuration));
+    if (ownPrinter(context, name).isEmpty())
+        return refuse(context,
+                      QStringLiteral("'%1' has no printer of its own; nothing changed").arg(name));
     // An empty printer reads as none everywhere.
-    late::call(store(context), "SetPrinterForConfiguration", {name, QString()});
+    if (!typedStore(context).assignPrinter(name, QString()))
+        return notSaved(context);
     context.out << name << " has no printer of its own now\n";
     return Done;
 }
@@ -301,6 +312,68 @@ int ExportAssignments(CommandContext &context, const QString &file)
     return Done;
 }
 
+namespace {
+
+// One entry of an import as it would be written, and what it does to the registry.
+struct ImportEntry {
+    QString name;
+    QString printer;
+    const char *change = "";
+};
+
+// The entries of an import with the workstation's own spelling of each configuration and
+// printer, and what each would change; every bad entry is named on `err`, and any one of
+// them leaves none.
+std::optional<QList<ImportEntry>> importEntries(CommandContext &context,
+                                                const QJsonObject &printers, const QString &file)
+{
+    QHash<QString, QString> names;
+    for (const QString &name : configurationNames(context))
+        names.insert(name.toCaseFolded(), name);
+    names.insert(DefaultAssignmentName().toCaseFolded(), DefaultAssignmentName());
+    QHash<QString, QString> current;
+    for (const auto &[name, printer] : assignments(context))
+        current.insert(name.toCaseFolded(), printer);
+    const PrinterInfo &info = CurrentPrinterInfo();
+
+    QList<ImportEntry> entries;
+    bool bad = false;
+    for (auto it = printers.begin(); it != printers.end(); ++it) {
+        const QString printer = it.value().toString();
+        if (it.key().isEmpty() || !it.value().isString() || printer.isEmpty()) {
+            refuse(context,
+                   QStringLiteral("'%1' holds an assignment without a name or printer").arg(file));
+            bad = true;
+            continue;
+        }
+        ImportEntry entry{names.value(it.key().toCaseFolded()), FindPrinter(info, printer)};
+        if (entry.name.isEmpty() && !context.force) {
+            refuse(context,
+                   QStringLiteral("there is no printer configuration named '%1'").arg(it.key()));
+            bad = true;
+        }
+        if (entry.printer.isEmpty() && !context.force) {
+            refuse(context,
+                   QStringLiteral("there is no printer named '%1' on this computer").arg(printer));
+            bad = true;
+        }
+        if (entry.name.isEmpty())
+            entry.name = it.key();
+        if (entry.printer.isEmpty())
+            entry.printer = printer;
+        const auto was = current.constFind(entry.name.toCaseFolded());
+        entry.change = was == current.cend() || was->isEmpty() ? "added"
+                       : *was == entry.printer                 ? "unchanged"
+                                                               : "changed";
+        entries.append(entry);
+    }
+    if (bad)
+        return std::nullopt;
+    return entries;
+}
+
+} // namespace
+
 int ImportAssignments(CommandContext &context, const QString &file)
 {
     QFile input(file);
@@ -315,16 +388,29 @@ int ImportAssignments(CommandContext &context, const QString &file)
         return refuse(context,
                       QStringLiteral("'%1' is not an export of bravcpl5-config").arg(file));
     // Checked whole before anything is written: a bad entry changes nothing.
-    const QJsonObject printers = root.value("assignments").toObject();
-    for (auto it = printers.begin(); it != printers.end(); ++it) {
-        if (it.key().isEmpty() || !it.value().isString() || it.value().toString().isEmpty())
-            return refuse(
-                context,
-                QStringLiteral("'%1' holds an assignment without a name or printer").arg(file));
+    const std::optional<QList<ImportEntry>> entries = importEntries(
+        context, root.value("assignments").toObject(), file);
+    if (!entries)
+        return refuse(context, QStringLiteral("nothing was imported from '%1'").arg(file));
+
+    QList<std::pair<QString, QString>> changes;
+    for (const ImportEntry &entry : *entries) {
+        if (qstrcmp(entry.change, "unchanged") != 0)
+            changes.append({entry.name, entry.printer});
+        if (context.dryRun)
+            context.out << entry.change << ' ' << entry.name << " -> " << entry.printer << '\n';
     }
-    for (auto it = printers.begin(); it != printers.end(); ++it)
-        late::call(store(context), "SetPrinterForConfiguration", {it.key(), it.value().toString()});
-    context.out << printers.size() << " assignments read from " << file << '\n';
+    if (context.dryRun) {
+        context.out << changes.size() << " of " << entries->size() << " assignments in " << file
+                    << " would change; nothing was written\n";
+        return Done;
+    }
+    const QString key = PrinterConfigurationsKey(host(context));
+    if (!changes.isEmpty()
+        && (key.isEmpty() || !SetRegValues(HKEY_CURRENT_USER_HANDLE, key, changes)))
+        return notSaved(context);
+    context.out << entries->size() << " assignments read from " << file << ", " << changes.size()
+                << " changed\n";
     return Done;
 }
 

@@ -14,6 +14,10 @@ struct CommandContext {
     QObject *library = nullptr;
     QTextStream &out;
     QTextStream &err;
+    // import: takes configurations and printers this workstation does not have.
+    bool force = false;
+    // import: tells what would change and writes nothing.
+    bool dryRun = false;
 };
 
 enum ExitStatus { Done = 0, Unassigned = 1, Refused = 2 };
@@ -29,6 +33,7 @@ int CopyConfiguration(CommandContext &context, const QString &configuration);
 int DeleteConfiguration(CommandContext &context, const QString &configuration);
 int VerifyConfigurations(CommandContext &context);
 int ExportAssignments(CommandContext &context, const QString &file);
+// Checks every entry first, then writes all of them in one write or none.
 int ImportAssignments(CommandContext &context, const QString &file);
 int ListPrinters(CommandContext &context);
 

@@ -3,6 +3,7 @@
 // folders and settings profile come from options or the environment.
 
 #include "Commands.h"
+#include "RegistryCheck.h"
 #include "ToolHost.h"
 
 #include "library/Factory.h"
@@ -11,6 +12,8 @@
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QFileInfo>
+#include <QHash>
 #include <memory>
 
 namespace {
@@ -26,8 +29,19 @@ const char *const usage = R"(Commands:
   delete NAME                deletes NAME's file (not a shared one, nor one without a printer)
   verify                     exit status 1 when a configuration has no printer
   export FILE                this workstation's assignments as JSON
-  import FILE                assignments from an export, all or none
-  printers                   this computer's printers with their paper sizes and bins)";
+  import [--dry-run] FILE    assignments from an export, all or none
+  printers                   this computer's printers with their paper sizes and bins
+
+Exit status:
+  0  done
+  1  verify found a configuration without a printer
+  2  refused or failed; nothing was changed)";
+
+// Each command with the number of arguments it takes.
+const QHash<QString, int> commands{
+    {"list", 0},   {"assign", 2}, {"unassign", 1}, {"show", 1},   {"rename", 2},   {"copy", 1},
+    {"delete", 1}, {"verify", 0}, {"export", 1},   {"import", 1}, {"printers", 0},
+};
 
 QString setting(const QCommandLineParser &parser, const QCommandLineOption &option,
                 const char *variable)
@@ -46,6 +60,15 @@ void quietQt(QtMsgType type, const QMessageLogContext &context, const QString &m
     else if (type == QtCriticalMsg || type == QtFatalMsg)
         QTextStream(stderr) << message << Qt::endl;
 }
+
+int refuse(QTextStream &err, const QString &why)
+{
+    err << "bravcpl5-config: " << why << Qt::endl;
+    return Refused;
+}
+
+// A folder named but missing would list nothing and look like an empty workstation.
+bool folderExists(const QString &folder) { return folder.isEmpty() || QFileInfo(folder).isDir(); }
 
 } // namespace
 
@@ -82,64 +105,90 @@ int main(int argc, char **argv)
                                         QStringLiteral("list: JSON rather than a table."));
     const QCommandLineOption defaultOption(QStringLiteral("default"),
                                            QStringLiteral("assign: the default printer."));
+    const QCommandLineOption dryRunOption(
+        QStringLiteral("dry-run"),
+        QStringLiteral("import: show what would change (added, changed, unchanged); write "
+                       "nothing."));
+    const QCommandLineOption forceOption(
+        QStringLiteral("force"),
+        QStringLiteral("import: take configurations and printers this workstation does not "
+                       "have; --registry: use a file that is not a registry file."));
     for (const QCommandLineOption &option :
-         {systemOption, userOption, profileOption, registryOption, jsonOption, defaultOption})
+         {systemOption, userOption, profileOption, registryOption, jsonOption, defaultOption,
+          dryRunOption, forceOption})
         parser.addOption(option);
     parser.addPositionalArgument(QStringLiteral("command"),
                                  QStringLiteral("What to do (see above)."));
     parser.process(app);
 
     const QStringList arguments = parser.positionalArguments();
+    if (arguments.isEmpty()) {
+        err << parser.helpText();
+        return Refused;
+    }
     const QString command = arguments.value(0);
-    const auto needs = [&](qsizetype count) {
-        if (arguments.size() == count + 1)
-            return true;
-        err << "bravcpl5-config: '" << command << "' takes " << count << " argument(s); see --help"
-            << Qt::endl;
-        return false;
-    };
+    if (!commands.contains(command))
+        return refuse(err, QStringLiteral("unknown command '%1'; see --help").arg(command));
+    const bool fallback = command == QLatin1String("assign") && parser.isSet(defaultOption);
+    const int count = commands.value(command) - (fallback ? 1 : 0);
+    if (arguments.size() != count + 1)
+        return refuse(
+            err, QStringLiteral("'%1' takes %2 argument(s); see --help").arg(command).arg(count));
+    if (parser.isSet(dryRunOption) && command != QLatin1String("import"))
+        return refuse(err, QStringLiteral("--dry-run is for import only"));
 
     auto host = std::make_unique<ToolHost>();
     host->settings().systemFolder = setting(parser, systemOption, "BRAVCPL5_SYSTEM_FOLDER");
     host->settings().userFolder = setting(parser, userOption, "BRAVCPL5_USER_FOLDER");
     host->settings().profile = setting(parser, profileOption, "BRAVCPL5_PROFILE");
+    for (const QString &folder : {host->settings().systemFolder, host->settings().userFolder}) {
+        if (!folderExists(folder))
+            return refuse(err, QStringLiteral("the folder '%1' does not exist").arg(folder));
+    }
     if (const QString registry = setting(parser, registryOption, "BRAVCPL5_REGISTRY");
         !registry.isEmpty())
         bravcpl5::SetRegistryFile(registry);
+#ifndef Q_OS_WIN
+    // Writing rewrites the file whole: never one of anyone else's, and never a folder.
+    const QString registry = bravcpl5::RegistryFile();
+    if (QFileInfo(registry).isDir())
+        return refuse(err, QStringLiteral("'%1' is a folder, not a registry file").arg(registry));
+    if (!parser.isSet(forceOption) && !IsRegistryFile(registry))
+        return refuse(err, QStringLiteral("'%1' is not a registry file of bravcpl5; "
+                                          "--force uses it all the same")
+                               .arg(registry));
+#endif
 
     std::unique_ptr<QObject> library(bravcpl5::CreateObject(QStringLiteral("bravcpl5.Library")));
     bravcpl5::late::call(library.get(), "Initialize", {QVariant::fromValue<QObject *>(host.get())});
-    CommandContext context{library.get(), out, err};
+    CommandContext context{library.get(), out, err, parser.isSet(forceOption),
+                           parser.isSet(dryRunOption)};
 
     int status = Refused;
-    if (command == QLatin1String("list") && needs(0))
+    if (command == QLatin1String("list"))
         status = ListConfigurations(context, parser.isSet(jsonOption));
-    else if (command == QLatin1String("assign") && parser.isSet(defaultOption) && needs(1))
+    else if (fallback)
         status = AssignPrinter(context, DefaultAssignmentName(), arguments[1]);
-    else if (command == QLatin1String("assign") && !parser.isSet(defaultOption) && needs(2))
+    else if (command == QLatin1String("assign"))
         status = AssignPrinter(context, arguments[1], arguments[2]);
-    else if (command == QLatin1String("unassign") && needs(1))
+    else if (command == QLatin1String("unassign"))
         status = UnassignPrinter(context, arguments[1]);
-    else if (command == QLatin1String("show") && needs(1))
+    else if (command == QLatin1String("show"))
         status = ShowConfiguration(context, arguments[1]);
-    else if (command == QLatin1String("rename") && needs(2))
+    else if (command == QLatin1String("rename"))
         status = RenameConfiguration(context, arguments[1], arguments[2]);
-    else if (command == QLatin1String("copy") && needs(1))
+    else if (command == QLatin1String("copy"))
         status = CopyConfiguration(context, arguments[1]);
-    else if (command == QLatin1String("delete") && needs(1))
+    else if (command == QLatin1String("delete"))
         status = DeleteConfiguration(context, arguments[1]);
-    else if (command == QLatin1String("verify") && needs(0))
+    else if (command == QLatin1String("verify"))
         status = VerifyConfigurations(context);
-    else if (command == QLatin1String("export") && needs(1))
+    else if (command == QLatin1String("export"))
         status = ExportAssignments(context, arguments[1]);
-    else if (command == QLatin1String("import") && needs(1))
+    else if (command == QLatin1String("import"))
         status = ImportAssignments(context, arguments[1]);
-    else if (command == QLatin1String("printers") && needs(0))
+    else if (command == QLatin1String("printers"))
         status = ListPrinters(context);
-    else if (!QStringList{"list", "assign", "unassign", "show", "rename", "copy", "delete",
-                          "verify", "export", "import", "printers"}
-                  .contains(command))
-        err << "bravcpl5-config: unknown command '" << command << "'; see --help" << Qt::endl;
 
     bravcpl5::late::call(library.get(), "PreTerminate");
     return status;

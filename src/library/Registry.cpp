@@ -70,6 +70,15 @@ bool writeValue(const QString &key, const QString &valueName, const QString &dat
     return settings.status() == QSettings::NoError;
 }
 
+bool writeValues(const QString &key, const QList<std::pair<QString, QString>> &values)
+{
+    QSettings settings(QStringLiteral("HKEY_CURRENT_USER"), QSettings::NativeFormat);
+    for (const auto &[valueName, data] : values)
+        settings.setValue(settingsKey(key, valueName), data);
+    settings.sync();
+    return settings.status() == QSettings::NoError;
+}
+
 #else
 
 // A registry file is a few kilobytes; a larger one is not ours and is left alone.
@@ -364,6 +373,14 @@ bool writeValue(const QString &key, const QString &valueName, const QString &dat
                       [&](RegistryIni &ini) { ini.setValue(key, valueName, data); });
 }
 
+bool writeValues(const QString &key, const QList<std::pair<QString, QString>> &values)
+{
+    return updateFile(RegistryFile(), [&](RegistryIni &ini) {
+        for (const auto &[valueName, data] : values)
+            ini.setValue(key, valueName, data);
+    });
+}
+
 #endif
 
 } // namespace
@@ -398,6 +415,18 @@ bool SetRegValue(unsigned hive, const QString &key, const QString &valueName, co
     if (hive != HKEY_CURRENT_USER_HANDLE || valueName.isEmpty())
         return false;
     return writeValue(key, valueName, data);
+}
+
+bool SetRegValues(unsigned hive, const QString &key,
+                  const QList<std::pair<QString, QString>> &values)
+{
+    if (hive != HKEY_CURRENT_USER_HANDLE)
+        return false;
+    for (const auto &value : values) {
+        if (value.first.isEmpty())
+            return false;
+    }
+    return writeValues(key, values);
 }
 
 QString PrinterConfigurationsKey(QObject *host)

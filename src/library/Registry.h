@@ -34,6 +34,9 @@ QList<std::pair<QString, QString>> GetRegValues(unsigned hive, const QString &ke
 // Creates the key when needed and writes the string value; false when it could not, also
 // when another writer's lock could not be had within seconds.
 bool SetRegValue(unsigned hive, const QString &key, const QString &valueName, const QString &data);
+// Writes every (name, data) value of the key in one write: all are saved or none is.
+bool SetRegValues(unsigned hive, const QString &key,
+                  const QList<std::pair<QString, QString>> &values);
 
 // The printer-configurations key with the host's settings profile filled in.
 QString PrinterConfigurationsKey(QObject *host);

@@ -3,6 +3,7 @@
 
 #include "support/QtPrinters.h"
 #include "support/SandboxCups.h"
+#include "support/SmallFileSystem.h"
 
 #include <QDir>
 #include <QFile>
@@ -90,6 +91,29 @@ protected:
 
     QString path(const QString &name) const { return QDir(folder.path()).filePath(name); }
 
+    // An export of `assignments`, written as `name` into the temporary folder.
+    QString exportFile(const QString &name, const QJsonObject &assignments)
+    {
+        const QJsonObject document{{"format", "bravcpl5-printer-assignments"},
+                                   {"version", 1},
+                                   {"assignments", assignments}};
+        write(name, QJsonDocument(document).toJson());
+        return path(name);
+    }
+
+    // 300 configurations of the user's, and an export that assigns each of them a printer.
+    QJsonObject manyConfigurations()
+    {
+        QJsonObject assignments;
+        for (int i = 0; i < 300; ++i) {
+            const QString name = QStringLiteral("Config %1").arg(i, 3, 10, QLatin1Char('0'));
+            write("user/" + name + ".pcx",
+                  "<PrinterConfiguration><PageSetup/></PrinterConfiguration>");
+            assignments.insert(name, i % 2 ? "Office-Laser" : "Label-Printer");
+        }
+        return assignments;
+    }
+
     QTemporaryDir folder;
     QList<std::pair<QString, QString>> extraEnvironment;
 };
@@ -165,6 +189,192 @@ TEST_F(ConfigTool, ARefusedRequestChangesNothing)
         EXPECT_EQ(result.status, 2) << arguments.join(' ').toStdString();
         EXPECT_TRUE(result.err.startsWith("bravcpl5-config: ")) << result.err.toStdString();
         EXPECT_EQ(registry(), before) << arguments.join(' ').toStdString();
+    }
+}
+
+// An import is checked whole before anything is written, and then written in one write:
+// one bad entry among 300 changes nothing, nor does a dry run.
+TEST_F(ConfigTool, AnImportIsCheckedWholeThenWrittenAtOnce)
+{
+    QJsonObject good = manyConfigurations();
+    good.insert("Letter", "Office-Laser");           // as it is
+    good.insert("Shipping Labels", "Label-Printer"); // another printer than now
+    ASSERT_EQ(run({"assign", "Letter", "Office-Laser"}).status, 0);
+    ASSERT_EQ(run({"assign", "Shipping Labels", "Office-Laser"}).status, 0);
+    const QByteArray before = registry();
+
+    QJsonObject unknownPrinter = good;
+    unknownPrinter.insert("Config 150", "Plotter");
+    QJsonObject unknownConfiguration = good;
+    unknownConfiguration.insert("Legal", "Office-Laser");
+    const struct {
+        const char *name;
+        QJsonObject assignments;
+        QStringList options;
+        int status;
+        bool written;
+        QStringList says; // on standard output when done, on standard error when refused
+    } cases[] = {
+        {"unknown printer", unknownPrinter, {}, 2, false, {"no printer named 'Plotter'"}},
+        {"unknown configuration",
+         unknownConfiguration,
+         {},
+         2,
+         false,
+         {"no printer configuration named 'Legal'"}},
+        {"dry run",
+         good,
+         {"--dry-run"},
+         0,
+         false,
+         {"added Config 000 -> Label-Printer\n", "unchanged Letter -> Office-Laser\n",
+          "changed Shipping Labels -> Label-Printer\n", "301 of 302 assignments"}},
+        {"dry run of a bad one",
+         unknownPrinter,
+         {"--dry-run"},
+         2,
+         false,
+         {"no printer named 'Plotter'"}},
+        {"forced", unknownConfiguration, {"--force"}, 0, true, {"302 changed"}},
+        {"all good", good, {}, 0, true, {"302 assignments read", "301 changed"}},
+    };
+    for (const auto &c : cases) {
+        write("Acme.ini", before);
+        const QString file = exportFile(QStringLiteral("import.json"), c.assignments);
+        const ToolRun result = run(QStringList{"import"} + c.options + QStringList{file});
+        EXPECT_EQ(result.status, c.status) << c.name << ": " << result.err.toStdString();
+        EXPECT_EQ(registry() != before, c.written) << c.name;
+        for (const QString &says : c.says)
+            EXPECT_TRUE((c.status ? result.err : result.out).contains(says))
+                << c.name << ": " << says.toStdString() << " in\n"
+                << (c.status ? result.err : result.out).toStdString();
+    }
+    // The last import took every entry: nothing is left without a printer.
+    EXPECT_EQ(run({"verify"}).status, 0);
+}
+
+// A registry that cannot be written (a read-only file, a full disk) is a failure the tool
+// says and exits with, and the file keeps every byte.
+TEST_F(ConfigTool, AWriteThatFailsSaysSoAndChangesNothing)
+{
+    const QString many = exportFile(QStringLiteral("many.json"), manyConfigurations());
+    const struct {
+        const char *name;
+        bool readOnly;
+        qint64 roomLeft;
+        QStringList arguments;
+    } cases[] = {
+        {"import into a read-only file", true, -1, {"import", many}},
+        {"assign into a read-only file", true, -1, {"assign", "Letter", "Label-Printer"}},
+        {"unassign in a read-only file", true, -1, {"unassign", "Letter"}},
+        {"import onto a full disk", false, 2048, {"import", many}},
+    };
+    for (const auto &c : cases) {
+        SmallFileSystem fs(256 * 1024);
+        REQUIRE_SMALL_FILE_SYSTEM(fs);
+        const QString file = fs.filePath(QStringLiteral("registry.ini"));
+        extraEnvironment = {{"BRAVCPL5_REGISTRY", file}};
+        ASSERT_EQ(run({"assign", "Letter", "Office-Laser"}).status, 0) << c.name;
+        QFile registryFile(file);
+        ASSERT_TRUE(registryFile.open(QIODevice::ReadOnly));
+        const QByteArray before = registryFile.readAll();
+        registryFile.close();
+        if (c.readOnly)
+            ASSERT_TRUE(fs.makeReadOnly(file)) << c.name;
+        else
+            fs.fill(c.roomLeft);
+
+        const ToolRun result = run(c.arguments);
+        EXPECT_EQ(result.status, 2) << c.name << ": " << result.out.toStdString();
+        EXPECT_TRUE(result.err.contains("could not be written; nothing changed"))
+            << c.name << ": " << result.err.toStdString();
+        ASSERT_TRUE(registryFile.open(QIODevice::ReadOnly));
+        EXPECT_EQ(registryFile.readAll(), before) << c.name;
+    }
+}
+
+// The tool rewrites its registry file whole, so it takes only a file of its own (or one
+// that is new or empty); anything else is refused and keeps every byte unless forced.
+TEST_F(ConfigTool, ARegistryFileOfAnyoneElseIsLeftAlone)
+{
+    QByteArray binary("\x7f"
+                      "ELF\x02\x01\x01");
+    binary.append(QByteArray(64, '\0')).append("\xff\xfe=x\n");
+    const struct {
+        const char *name;
+        QByteArray content;
+        bool ours;
+    } cases[] = {
+        {"hosts", "127.0.0.1\tlocalhost\n::1\tlocalhost ip6-localhost ip6-loopback\n", false},
+        {"binary", binary, false},
+        {"value before any group", "Letter=Office-Laser\n", false},
+        {"another program's group", "[Desktop Entry]\nName=Editor\n", false},
+        {"comment", "; mine\n[Software/Tarnwell]\nLetter=Office-Laser\n", false},
+        {"malformed UTF-8", "[Software/Tarnwell]\nLetter=Caf\xe9\n", false},
+        {"empty", "", true},
+        {"blank lines", "\n\n", true},
+        {"ours",
+         "[Software/Tarnwell/Lumarest/5.0/Settings (Acme)/Printer Configurations]\n"
+         "Letter=Office-Laser\n\n[Software/Tarnwell/Lumarest/5.0/Window Positions/]\n"
+         "frmPageSetup=1,2,3,4\n",
+         true},
+        {"ours from an editor", "\xef\xbb\xbf[Software/Tarnwell]\r\n  Letter = Office-Laser\r\n",
+         true},
+        {"the older flat form",
+         "[General]\nSoftware%5CTarnwell%5CLumarest%5C5.0%5CSettings (Acme)%5CPrinter "
+         "Configurations%5CLetter=Office-Laser\n",
+         true},
+    };
+    for (const auto &c : cases) {
+        write("Acme.ini", c.content);
+        const ToolRun result = run({"assign", "Shipping Labels", "Label-Printer"});
+        EXPECT_EQ(result.status, c.ours ? 0 : 2) << c.name << ": " << result.err.toStdString();
+        if (!c.ours) {
+            EXPECT_TRUE(result.err.contains("is not a registry file")) << c.name;
+            EXPECT_EQ(registry(), c.content) << c.name;
+            EXPECT_EQ(run({"--force", "assign", "Shipping Labels", "Label-Printer"}).status, 0)
+                << c.name;
+        }
+    }
+    // A folder is no registry file, forced or not.
+    for (const QStringList &options : {QStringList(), QStringList{"--force"}})
+        EXPECT_EQ(run(options + QStringList{"--registry", path("user"), "list"}).status, 2);
+}
+
+// What the tool is given must be there: a run without a command, or with folders that do
+// not exist, is refused with a word on what is wrong and nothing changed.
+TEST_F(ConfigTool, WhatItIsGivenMustBeThere)
+{
+    ASSERT_EQ(run({"assign", "Letter", "Office-Laser"}).status, 0);
+    const QByteArray before = registry();
+    const QString missing = path("no/such/folder");
+    const struct {
+        QStringList arguments;
+        QList<std::pair<QString, QString>> environment;
+        int status;
+        QString says; // on standard output when done, on standard error when refused
+    } cases[] = {
+        {{}, {}, 2, "Exit status:\n  0  done\n  1  verify found"},
+        {{}, {}, 2, "import [--dry-run] FILE"},
+        {{"--help"}, {}, 0, "2  refused or failed"},
+        {{"--system", missing, "list"}, {}, 2, "the folder '" + missing + "' does not exist"},
+        {{"--user", missing, "verify"}, {}, 2, "does not exist"},
+        {{"--user", path("Acme.ini"), "verify"}, {}, 2, "does not exist"}, // a file
+        {{"printers"}, {{"BRAVCPL5_SYSTEM_FOLDER", missing}}, 2, "does not exist"},
+        {{"assign", "Letter", "Label-Printer"},
+         {{"BRAVCPL5_USER_FOLDER", missing}},
+         2,
+         "does not exist"},
+        {{"unassign", "Shipping Labels"}, {}, 2, "has no printer of its own; nothing changed"},
+        {{"--dry-run", "assign", "Letter", "Label-Printer"}, {}, 2, "for import only"},
+    };
+    for (const auto &c : cases) {
+        extraEnvironment = c.environment;
+        const ToolRun result = run(c.arguments);
+        EXPECT_EQ(result.status, c.status) << c.arguments.join(' ').toStdString();
+        EXPECT_TRUE((c.status ? result.err : result.out).contains(c.says))
+            << c.arguments.join(' ').toStdString() << ": " << result.err.toStdString();
+        EXPECT_EQ(registry(), before) << c.arguments.join(' ').toStdString();
     }
 }
 
