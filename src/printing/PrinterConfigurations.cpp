@@ -256,13 +256,22 @@ QList<ConfigurationRow> PrinterConfigurations::configurations()
     return rows;
 }
 
-std::optional<ConfigurationRow> PrinterConfigurations::configuration(const QString &name)
+std::optional<ConfigurationRow> PrinterConfigurations::configuration(const QString &name,
+                                                                     ConfigurationCommand command,
+                                                                     ConfigurationChange &refusal)
 {
     const QString file = GetPrinterConfigurationFileFromName(name);
-    if (file.isEmpty())
+    if (file.isEmpty()) {
+        refusal = unchanged(ChangeResult::UnknownConfiguration);
         return std::nullopt;
-    return ConfigurationRow{SplitPath(file).name, GetPrinterForConfiguration(name, true), file,
-                            PrinterConfigurationIsSystem(file)};
+    }
+    const ConfigurationRow row{SplitPath(file).name, GetPrinterForConfiguration(name, true), file,
+                               PrinterConfigurationIsSystem(file)};
+    if (!IsCommandEnabled(command, &row)) {
+        refusal = unchanged(ChangeResult::NotAllowed);
+        return std::nullopt;
+    }
+    return row;
 }
 
 bool PrinterConfigurations::readPageSetup(const QString &configuration,
@@ -282,9 +291,11 @@ bool PrinterConfigurations::savePageSetup(const QString &configuration, const Pa
 ConfigurationChange PrinterConfigurations::renameConfiguration(const QString &configuration,
                                                                const QString &name)
 {
-    const std::optional<ConfigurationRow> row = this->configuration(configuration);
+    ConfigurationChange refusal;
+    const std::optional<ConfigurationRow> row = this->configuration(
+        configuration, ConfigurationCommand::Rename, refusal);
     if (!row)
-        return unchanged(ChangeResult::UnknownConfiguration);
+        return refusal;
     if (name == row->name)
         return changed(row->name, row->file);
     // Refused names never reach the file system.
@@ -309,11 +320,11 @@ ConfigurationChange PrinterConfigurations::renameConfiguration(const QString &co
 
 ConfigurationChange PrinterConfigurations::copyConfiguration(const QString &configuration)
 {
-    const std::optional<ConfigurationRow> row = this->configuration(configuration);
+    ConfigurationChange refusal;
+    const std::optional<ConfigurationRow> row = this->configuration(
+        configuration, ConfigurationCommand::Copy, refusal);
     if (!row)
-        return unchanged(ChangeResult::UnknownConfiguration);
-    if (!IsCommandEnabled(ConfigurationCommand::Copy, &*row))
-        return unchanged(ChangeResult::NotAllowed);
+        return refusal;
     const QString target = CopyTarget(row->file, userFolder(), FileExists);
     if (target.isEmpty())
         return unchanged(ChangeResult::NotSaved);
@@ -342,11 +353,11 @@ ConfigurationChange PrinterConfigurations::copyConfiguration(const QString &conf
 
 ConfigurationChange PrinterConfigurations::deleteConfiguration(const QString &configuration)
 {
-    const std::optional<ConfigurationRow> row = this->configuration(configuration);
+    ConfigurationChange refusal;
+    const std::optional<ConfigurationRow> row = this->configuration(
+        configuration, ConfigurationCommand::Delete, refusal);
     if (!row)
-        return unchanged(ChangeResult::UnknownConfiguration);
-    if (!IsCommandEnabled(ConfigurationCommand::Delete, &*row))
-        return unchanged(ChangeResult::NotAllowed);
+        return refusal;
     if (!DeleteFile(row->file)) {
         qCWarning(lcStore) << "could not delete" << row->file;
         return unchanged(ChangeResult::NotSaved);

@@ -10,6 +10,7 @@
 
 namespace bravcpl5 {
 
+enum class ConfigurationCommand;
 struct ConfigurationChange;
 struct ConfigurationRow;
 struct PageSetup;
@@ -102,8 +103,10 @@ public:
     ConfigurationChange deleteConfiguration(const QString &configuration);
 
 private:
-    // The configuration that lookups by name find, or none.
-    std::optional<ConfigurationRow> configuration(const QString &name);
+    // The configuration that lookups by name find, when the dialog's rule lets `command` act
+    // on it; else none, with `refusal` saying why.
+    std::optional<ConfigurationRow> configuration(const QString &name, ConfigurationCommand command,
+                                                  ConfigurationChange &refusal);
     QString systemFolder() const;
     QString userFolder() const;
     QString registryValue(const QString &valueName) const;
