@@ -9,8 +9,10 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
     const QByteArray input(reinterpret_cast<const char *>(data), qsizetype(size));
-    const QByteArray written = bravcpl5::RegistryIni::parse(input).text();
-    if (bravcpl5::RegistryIni::parse(written).text() != written)
+    QByteArray written, again;
+    bravcpl5::RegistryIni::parse(input).text(written);
+    bravcpl5::RegistryIni::parse(written).text(again);
+    if (again != written)
         __builtin_trap();
     return 0;
 }
