@@ -69,11 +69,16 @@ QString keyPath(const QString &group)
     return parts.join(QLatin1Char('\\'));
 }
 
+// Blanks at either end of a line or its parts mean nothing, and neither do carriage
+// returns there: editors on other systems end lines with one or more, and the writer
+// escapes every one that belongs to a value.
+bool isEdgeByte(char c) { return isBlank(c) || c == '\r'; }
+
 QByteArrayView trimmedBlanks(QByteArrayView text)
 {
-    while (!text.isEmpty() && isBlank(text.front()))
+    while (!text.isEmpty() && isEdgeByte(text.front()))
         text = text.sliced(1);
-    while (!text.isEmpty() && isBlank(text.back()))
+    while (!text.isEmpty() && isEdgeByte(text.back()))
         text.chop(1);
     return text;
 }
@@ -97,7 +102,7 @@ RegistryIni RegistryIni::parse(const QByteArray &text)
             end = all.size();
         QByteArrayView line = all.sliced(next, end - next);
         next = end + 1;
-        line = trimmedBlanks(line.endsWith('\r') ? line.chopped(1) : line);
+        line = trimmedBlanks(line);
         if (line.isEmpty() || line.startsWith(';') || line.startsWith('#'))
             continue;
         if (line.startsWith('[') && line.endsWith(']')) {

@@ -193,6 +193,22 @@ TEST_F(RegistryFileTest, AHandEditedFileIsReadAsFarAsItGoes)
     EXPECT_EQ(get(printers, QStringLiteral("Nameless")), "<missing>");
 }
 
+// Carriage returns at the ends of a line, as editors on other systems leave them, end the
+// line: they are no part of a value, and writes leave the file reading the same.
+TEST_F(RegistryFileTest, StrayCarriageReturnsAreNoPartOfAValue)
+{
+    test::writeFile(path,
+                    "[Software/Tarnwell/Lumarest/5.0/Settings (Acme)/Printer "
+                    "Configurations]\r\r\nLetter=Office-Laser\r\r\n\rLabels=\x80 Printer\r\r");
+    EXPECT_EQ(get(printers, QStringLiteral("Letter")), "Office-Laser");
+    ASSERT_TRUE(set(printers, QStringLiteral("Legal"), QStringLiteral("Office-Laser")));
+    const QByteArray once = test::readFile(path);
+    ASSERT_TRUE(set(printers, QStringLiteral("Legal"), QStringLiteral("Front Desk")));
+    ASSERT_TRUE(set(printers, QStringLiteral("Legal"), QStringLiteral("Office-Laser")));
+    EXPECT_EQ(test::readFile(path), once);
+    EXPECT_EQ(get(printers, QStringLiteral("Labels")), QStringLiteral("\uFFFD Printer"));
+}
+
 // Files no writer of ours made: each is read without harm, and a write either keeps what
 // could be read or, for a file too large to be ours, leaves it alone.
 TEST_F(RegistryFileTest, HostileFilesAreReadWithoutHarm)
