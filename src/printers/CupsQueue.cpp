@@ -6,6 +6,7 @@
 
 #include <QFile>
 #include <algorithm>
+#include <cmath>
 #include <cups/cups.h>
 #include <cups/ppd.h>
 #include <memory>
@@ -30,13 +31,14 @@ bool isSheet(const QSizeF &points)
            && points.height() < maximumPoints;
 }
 
-// Codes for the sizes by their dimensions, so that twins and variants stay apart.
+// Codes for the sizes by the driver's words and their dimensions, so that twins and
+// variants stay apart.
 void numberSizes(QList<CupsPaperSize> &sizes)
 {
-    QList<QSizeF> points;
+    QList<PaperSheet> sheets;
     for (const CupsPaperSize &size : sizes)
-        points.append(size.points);
-    const QList<int> codes = NumberPaperSizes(points);
+        sheets.append({size.keyword, size.points, size.unprintable.isNull()});
+    const QList<int> codes = NumberPaperSizes(sheets);
     for (qsizetype i = 0; i < sizes.size(); ++i)
         sizes[i].code = codes[i];
 }
@@ -238,10 +240,50 @@ struct IppPrinter {
     DestInfo info;
 };
 
-// Hundredths of a millimetre, as IPP gives lengths, in points.
+// Hundredths of a millimetre, as IPP gives lengths, in points, and back: a length read
+// from IPP comes back exactly as the printer gave it.
 double hundredthsToPoints(int hundredths) { return hundredths * 72.0 / 2540.0; }
+long pointsToHundredths(double points) { return std::lround(points * 2540.0 / 72.0); }
 
-void readIppBins(const IppPrinter &printer, CupsQueue &result)
+// The printer's default media ("media-col-default"): what a job without a choice gets. Each
+// part is empty or zero where the printer names none.
+struct DefaultMedia {
+    QSizeF points;
+    QMarginsF margins;
+    QString source;
+    QString type;
+};
+
+DefaultMedia readDefaultMedia(ipp_attribute_t *mediaCol)
+{
+    DefaultMedia media;
+    ipp_t *col = mediaCol ? ippGetCollection(mediaCol, 0) : nullptr;
+    if (!col)
+        return media;
+    const auto integer = [](ipp_t *in, const char *name) {
+        return ippGetInteger(ippFindAttribute(in, name, IPP_TAG_INTEGER), 0);
+    };
+    const auto text = [&](const char *name) {
+        const char *value = ippGetString(ippFindAttribute(col, name, IPP_TAG_ZERO), 0, nullptr);
+        return QString::fromUtf8(value ? value : "");
+    };
+    ipp_attribute_t *size = ippFindAttribute(col, "media-size", IPP_TAG_BEGIN_COLLECTION);
+    if (ipp_t *dimensions = size ? ippGetCollection(size, 0) : nullptr)
+        media.points = QSizeF(hundredthsToPoints(integer(dimensions, "x-dimension")),
+                              hundredthsToPoints(integer(dimensions, "y-dimension")));
+    media.margins = QMarginsF(hundredthsToPoints(integer(col, "media-left-margin")),
+                              hundredthsToPoints(integer(col, "media-top-margin")),
+                              hundredthsToPoints(integer(col, "media-right-margin")),
+                              hundredthsToPoints(integer(col, "media-bottom-margin")));
+    media.source = text("media-source");
+    media.type = text("media-type");
+    return media;
+}
+
+// The printer's sources by their IPP keywords; the current one is the default media's
+// source, else the printer's "media-source-default" (cupsd publishes one only where the
+// queue's administrator chose it).
+void readIppBins(const IppPrinter &printer, const DefaultMedia &defaults, CupsQueue &result)
 {
     http_t *http = printer.http.get();
     const QString option = QStringLiteral("media-source");
@@ -259,9 +301,12 @@ void readIppBins(const IppPrinter &printer, CupsQueue &result)
         return;
     }
     const QList<int> codes = NumberPaperBins(names);
-    ipp_attribute_t *chosen = cupsFindDestDefault(http, printer.dest, printer.info.get(),
-                                                  "media-source");
-    const QString chosenKeyword = QString::fromUtf8(chosen ? ippGetString(chosen, 0, nullptr) : "");
+    QString chosenKeyword = defaults.source;
+    if (chosenKeyword.isEmpty()) {
+        ipp_attribute_t *chosen = cupsFindDestDefault(http, printer.dest, printer.info.get(),
+                                                      "media-source");
+        chosenKeyword = QString::fromUtf8(chosen ? ippGetString(chosen, 0, nullptr) : "");
+    }
     for (qsizetype i = 0; i < names.size(); ++i) {
         const QByteArray keyword = names[i].keyword.toUtf8();
         const char *localized = cupsLocalizeDestValue(http, printer.dest, printer.info.get(),
@@ -275,25 +320,10 @@ void readIppBins(const IppPrinter &printer, CupsQueue &result)
     }
 }
 
-// The "media-size" of a "media-col" value in points; empty without one.
-QSizeF mediaColSize(ipp_attribute_t *mediaCol)
-{
-    ipp_t *col = mediaCol ? ippGetCollection(mediaCol, 0) : nullptr;
-    ipp_attribute_t *size = col ? ippFindAttribute(col, "media-size", IPP_TAG_BEGIN_COLLECTION)
-                                : nullptr;
-    ipp_t *dimensions = size ? ippGetCollection(size, 0) : nullptr;
-    if (!dimensions)
-        return {};
-    const auto length = [&](const char *name) {
-        return hundredthsToPoints(
-            ippGetInteger(ippFindAttribute(dimensions, name, IPP_TAG_INTEGER), 0));
-    };
-    return {length("x-dimension"), length("y-dimension")};
-}
-
-// The printer's media database: each sheet by its IPP name ("na_letter_8.5x11in"), which a
-// job's "media" option takes, with its exact dimensions and margins.
-void readIppSizes(const IppPrinter &printer, CupsQueue &result)
+// The printer's media database: each sheet by its IPP name ("na_letter_8.5x11in"), with its
+// exact dimensions and margins. A borderless sheet shares its name with its bordered twin
+// and differs only by its margins, which is why jobs name sheets in "media-col".
+void readIppSizes(const IppPrinter &printer, const DefaultMedia &defaults, CupsQueue &result)
 {
     http_t *http = printer.http.get();
     const unsigned flags = CUPS_MEDIA_FLAGS_DEFAULT;
@@ -315,20 +345,29 @@ void readIppSizes(const IppPrinter &printer, CupsQueue &result)
                                       hundredthsToPoints(media.bottom));
         result.sizes.append(entry);
     }
+    // Borderless sheets after the others, as drivers list them, so that the first sheet of
+    // a size is the one printed with the printer's margins (the database is sorted by size).
+    std::stable_partition(result.sizes.begin(), result.sizes.end(),
+                          [](const CupsPaperSize &size) { return !size.unprintable.isNull(); });
     numberSizes(result.sizes);
-    // The printer's own default sheet by its name, else by its dimensions (a printer whose
-    // sheets are all borderless lists them under other names). The destination API's
-    // default would fall back to the sheet of the user's locale.
-    ipp_attribute_t *media = cupsFindDestDefault(http, printer.dest, printer.info.get(), "media");
-    const QString keyword = QString::fromUtf8(media ? ippGetString(media, 0, nullptr) : "");
-    const QSizeF dimensions = mediaColSize(
-        cupsFindDestDefault(http, printer.dest, printer.info.get(), "media-col"));
-    const CupsPaperSize *chosen = findFirst(
-        result.sizes, [&](const CupsPaperSize &size) { return size.keyword == keyword; });
+    result.mediaType = defaults.type;
+    // The default sheet by its size and margins, which tell a borderless twin apart; else by
+    // its size alone; else by the printer's default name. The destination API's default
+    // would fall back to the sheet of the user's locale.
+    const CupsPaperSize *chosen = findFirst(result.sizes, [&](const CupsPaperSize &size) {
+        return size.points == defaults.points && size.unprintable == defaults.margins;
+    });
     if (!chosen)
         chosen = findFirst(result.sizes, [&](const CupsPaperSize &size) {
-            return size.points == dimensions; // the same hundredths of a millimetre
+            return size.points == defaults.points; // the same hundredths of a millimetre
         });
+    if (!chosen) {
+        ipp_attribute_t *media = cupsFindDestDefault(http, printer.dest, printer.info.get(),
+                                                     "media");
+        const QString keyword = QString::fromUtf8(media ? ippGetString(media, 0, nullptr) : "");
+        chosen = findFirst(result.sizes,
+                           [&](const CupsPaperSize &size) { return size.keyword == keyword; });
+    }
     result.defaultSizeCode = chosen ? chosen->code : 0;
 }
 
@@ -349,8 +388,33 @@ void readIpp(cups_dest_t *dest, CupsQueue &result)
         qCWarning(lcPrinters) << "no IPP attributes for" << dest->name << "-" << cupsError();
         return;
     }
-    readIppBins(printer, result);
-    readIppSizes(printer, result);
+    const DefaultMedia defaults = readDefaultMedia(
+        cupsFindDestDefault(printer.http.get(), dest, printer.info.get(), "media-col"));
+    readIppBins(printer, defaults, result);
+    readIppSizes(printer, defaults, result);
+}
+
+// A job's "media-col" for a driverless printer: the sheet exactly as the printer listed it,
+// margins included (zero for a borderless one), the source and the printer's default type.
+QString mediaCol(const CupsPaperSize *size, const CupsPaperBin *bin, const QString &type)
+{
+    QStringList members;
+    if (size) {
+        const auto length = [](double points) {
+            return QString::number(pointsToHundredths(points));
+        };
+        members << QStringLiteral("media-size={x-dimension=%1 y-dimension=%2}")
+                       .arg(length(size->points.width()), length(size->points.height()))
+                << QStringLiteral("media-top-margin=") + length(size->unprintable.top())
+                << QStringLiteral("media-bottom-margin=") + length(size->unprintable.bottom())
+                << QStringLiteral("media-left-margin=") + length(size->unprintable.left())
+                << QStringLiteral("media-right-margin=") + length(size->unprintable.right());
+    }
+    if (bin && !bin->keyword.isEmpty())
+        members << QStringLiteral("media-source=") + bin->keyword;
+    if (!type.isEmpty() && !members.isEmpty())
+        members << QStringLiteral("media-type=") + type;
+    return members.isEmpty() ? QString() : u'{' + members.join(u' ') + u'}';
 }
 
 template <typename T> const T *byCodeOrFirst(const QList<T> &list, int code)
@@ -366,15 +430,12 @@ const CupsPaperBin *CupsQueue::binByCode(int code) const
     return findFirst(bins, [&](const CupsPaperBin &bin) { return bin.code == code; });
 }
 
-const CupsPaperSize *CupsQueue::sizeByCode(int code) const
+const CupsPaperSize *CupsQueue::storedSize(int code, const QSizeF &points) const
 {
-    return findFirst(sizes, [&](const CupsPaperSize &size) { return size.code == code; });
-}
-
-const CupsPaperSize *CupsQueue::sizeByPoints(const QSizeF &points) const
-{
-    return findFirst(sizes,
-                     [&](const CupsPaperSize &size) { return SamePaper(size.points, points); });
+    const qsizetype index = FindStoredPaper(
+        sizes, code, points, [](const CupsPaperSize &size) { return size.points; },
+        [](const CupsPaperSize &size) { return size.code; });
+    return index < 0 ? nullptr : &sizes[index];
 }
 
 const CupsPaperSize *CupsQueue::defaultSize() const
@@ -387,10 +448,17 @@ const CupsPaperBin *CupsQueue::defaultBin() const { return byCodeOrFirst(bins, d
 CupsOptions CupsQueue::jobOptions(const CupsPaperSize *size, const CupsPaperBin *bin) const
 {
     CupsOptions options;
+    if (!hasPpd) {
+        // cupsd and driverless printers take the source and a borderless sheet only inside
+        // "media-col"; a plain "media-source" is ignored and "media" names no margins.
+        const QString media = mediaCol(size, bin, mediaType);
+        if (!media.isEmpty())
+            options.append({QStringLiteral("media-col"), media});
+        return options;
+    }
     if (size) {
         options.append({QStringLiteral("media"), size->keyword});
-        if (hasPpd)
-            options.append({QStringLiteral("PageSize"), size->keyword});
+        options.append({QStringLiteral("PageSize"), size->keyword});
     }
     if (!bin)
         return options;

@@ -17,7 +17,8 @@ namespace bravcpl5 {
 
 struct CupsPaperBin {
     QString option;  // the job option that selects it: "InputSlot", "ManualFeed", the
-                     // driver's own ("HPPaperSource"), or "media-source" without a PPD
+                     // driver's own ("HPPaperSource"), or without a PPD "media-source"
+                     // (sent inside "media-col")
     QString keyword; // that option's value ("Upper", "True", "top")
     QString name;    // display name ("Upper Tray")
     int code = 0;    // Windows bin code (see PaperBinCodes.h)
@@ -28,7 +29,8 @@ struct CupsPaperSize {
                            // the IPP media name ("na_letter_8.5x11in")
     QString name;          // display name
     QSizeF points;         // portrait width and height, exactly as the printer gives them
-    QMarginsF unprintable; // portrait edges the printer cannot reach, in points
+    QMarginsF unprintable; // portrait edges the printer cannot reach, in points; none for
+                           // a borderless sheet
     int code = 0;          // Windows paper code (see PaperSizeCodes.h)
 };
 
@@ -43,16 +45,19 @@ struct CupsQueue {
     QList<CupsPaperSize> sizes;
     int defaultSizeCode = 0; // 0 when the queue names none
 
+    QString mediaType; // a driverless printer's default media type; "" where it names none
+
     const CupsPaperBin *binByCode(int code) const;
-    const CupsPaperSize *sizeByCode(int code) const;
-    // The size with these portrait dimensions (to a point), or null.
-    const CupsPaperSize *sizeByPoints(const QSizeF &points) const;
+    // The size a stored code and its portrait dimensions print on (see FindStoredPaper in
+    // PaperSizeCodes.h), or null.
+    const CupsPaperSize *storedSize(int code, const QSizeF &points) const;
     // The default size and bin, else the first; null when there are none.
     const CupsPaperSize *defaultSize() const;
     const CupsPaperBin *defaultBin() const;
-    // The job options that print on `size` from `bin` (either may be null): the size as
-    // "media" (and as "PageSize" for a PPD), the bin's own option, and ManualFeed off when
-    // another bin of a printer with a separate manual feed option is chosen.
+    // The job options that print on `size` from `bin` (either may be null). With a PPD: the
+    // size as "media" and "PageSize", the bin's own option, and ManualFeed off when another
+    // bin of a printer with a separate manual feed option is chosen. Without one: a
+    // "media-col" with the sheet's size and margins, the source and the default type.
     CupsOptions jobOptions(const CupsPaperSize *size, const CupsPaperBin *bin) const;
 };
 

@@ -27,7 +27,8 @@ QPageSize sizeFromTwips(double width, double height)
 QPageSize requestedPaper(const ReportPageValues &values, const QList<PaperSizeInfo> &printerSizes,
                          QStringList &adjustments)
 {
-    const QPageSize::PageSizeId id = values.paperSize > 0 && values.paperSize < 256
+    const QPageSize::PageSizeId id = values.paperSize > 0
+                                             && values.paperSize < FirstPrinterPaperCode
                                          ? QPageSize::id(values.paperSize)
                                          : QPageSize::Custom;
     if (id != QPageSize::Custom)
@@ -43,21 +44,16 @@ QPageSize requestedPaper(const ReportPageValues &values, const QList<PaperSizeIn
     return QPageSize(QPageSize::Letter);
 }
 
-// The queue's own size for the values: the size with that code (a printer's own code,
-// 256 and up, only while the stored width and height still agree with it, as the code may
-// have been chosen on another printer), else the size with the requested dimensions, else
-// the queue's default. The paper becomes exactly that size, fractions of a point kept.
+// The queue's own size for the values (a printer's own code, 256 and up, by the stored
+// width and height, as the code may have been numbered on another client), else the
+// queue's default. The paper becomes exactly that size, fractions of a point kept.
 const CupsPaperSize *queuePaper(const ReportPageValues &values, const CupsQueue &queue,
                                 QPageSize &paper, QStringList &adjustments)
 {
     if (!queue.found || queue.sizes.isEmpty())
         return nullptr;
     const QSizeF points = paper.size(QPageSize::Point);
-    const CupsPaperSize *size = queue.sizeByCode(values.paperSize);
-    if (size && values.paperSize >= FirstPrinterPaperCode && !SamePaper(size->points, points))
-        size = nullptr;
-    if (!size)
-        size = queue.sizeByPoints(points);
+    const CupsPaperSize *size = queue.storedSize(values.paperSize, points);
     if (!size) {
         size = queue.defaultSize();
         adjustments.append(

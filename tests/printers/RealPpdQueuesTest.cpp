@@ -2,6 +2,7 @@
 // driver packages (scripts/cups-sandbox), compared with the PPD text itself.
 
 #include "printers/CupsQueue.h"
+#include "printers/PaperSizeCodes.h"
 #include "printers/PrinterInfo.h"
 #include "support/PpdText.h"
 #include "support/SandboxCups.h"
@@ -156,6 +157,42 @@ TEST_P(RealPpdQueueTest, WithoutThePpdTheSameSheetsWithCodesOfTheirOwn)
     }
 }
 
+// Both readings of a printer agree on what a code prints: a standard code names sheets of
+// one size, and a printer's own code saved with its size on one reading prints a sheet of
+// that size on the other. No borderless twin takes a standard code.
+TEST_P(RealPpdQueueTest, BothReadingsPrintTheSameSheetForACode)
+{
+    const CupsQueue driver = ReadCupsQueue(queue());
+    const CupsQueue ipp = ReadCupsQueue(queue(), CupsQueueSource::PrinterAttributes);
+    ASSERT_TRUE(driver.hasPpd && ipp.found);
+    for (const CupsQueue *read : {&driver, &ipp}) {
+        for (const CupsPaperSize &size : read->sizes) {
+            const bool twin = size.unprintable.isNull()
+                              && std::any_of(read->sizes.begin(), read->sizes.end(),
+                                             [&](const CupsPaperSize &other) {
+                                                 return !other.unprintable.isNull()
+                                                        && SamePaper(other.points, size.points);
+                                             });
+            EXPECT_FALSE(twin && size.code < FirstPrinterPaperCode)
+                << size.keyword.toStdString() << " " << size.code;
+        }
+    }
+    for (const CupsPaperSize &size : driver.sizes) {
+        const CupsPaperSize *other = ipp.storedSize(size.code, size.points);
+        if (size.code < FirstPrinterPaperCode && !other)
+            continue; // a standard sheet the server does not publish (Letter Small)
+        ASSERT_TRUE(other) << size.keyword.toStdString() << " " << size.code;
+        EXPECT_TRUE(SamePaper(other->points, size.points))
+            << size.keyword.toStdString() << " " << size.code << " prints on "
+            << other->keyword.toStdString();
+        if (other->code < FirstPrinterPaperCode)
+            continue; // the code's own sheet on either reading
+        const CupsPaperSize *back = driver.storedSize(other->code, other->points);
+        ASSERT_TRUE(back);
+        EXPECT_TRUE(SamePaper(back->points, size.points)) << other->keyword.toStdString();
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(Sandbox, RealPpdQueueTest, ::testing::ValuesIn(realQueues),
                          [](const auto &info) {
                              return QString::fromUtf8(info.param).remove(u'-').toStdString();
@@ -174,8 +211,8 @@ TEST(RealPpdCodesTest, StandardSheetsAndBinsHaveTheirWindowsCodes)
         int code;
     } cases[] = {
         {"Real-Lexmark-C540", Size, "Folio", 14},
-        {"Real-HP-LaserJet-4250", Size, "8.5x13", 14},
-        {"Real-HP-LaserJet-4250", Size, "Executive (JIS)", 0}, // 8.5 x 13 again, a point longer
+        {"Real-HP-LaserJet-4250", Size, "8.5x13", 0},           // 8.5 x 13 in, a point short
+        {"Real-HP-LaserJet-4250", Size, "Executive (JIS)", 14}, // exactly 8.5 x 13 in
         {"Real-HP-DesignJet-4000", Size, "C", 24},
         {"Real-HP-DesignJet-4000", Size, "D", 25},
         {"Real-HP-DesignJet-4000", Size, "E", 26},
@@ -185,7 +222,14 @@ TEST(RealPpdCodesTest, StandardSheetsAndBinsHaveTheirWindowsCodes)
         {"Real-HP-DesignJet-4000", Size, "D - extended margins", 0},
         {"Real-HP-LaserJet-5200", Size, "12x18", 0},
         {"Real-HP-LaserJet-5200", Size, "11x17", 3},
-        {"Real-HP-LaserJet-4250", Size, "Letter (Small)", 0},
+        {"Real-HP-LaserJet-4250", Size, "Letter (Small)", 2}, // twins named for their code
+        {"Real-HP-LaserJet-4250", Size, "A4 (Small)", 10},
+        {"Real-HP-LaserJet-4250", Size, "Env ISO B5", 34},
+        {"Real-HP-LaserJet-4250", Size, "Legal (Small)", 0}, // Windows has no Legal Small
+        {"Real-HP-LaserJet-5200", Size, "B4 (JIS)", 12},
+        {"Real-HP-DesignJet-Z6dr", Size, "B4", 42},  // ISOB4
+        {"Real-HP-DesignJet-Z6dr", Size, "JB4", 12}, // B4
+        {"Real-HP-DesignJet-Z6dr", Size, "A4 no margins", 0},
         {"Real-HP-LaserJet-4250", Size, "Env DL", 27},
         {"Real-HP-DesignJet-Z6dr", Size, "A4", 9},
         {"Real-Kyocera-FS-1000-de", Size, "Umschlag DL", 27},
@@ -222,6 +266,45 @@ TEST(RealPpdCodesTest, StandardSheetsAndBinsHaveTheirWindowsCodes)
             EXPECT_GE(code, 256) << c.queue << " " << c.name;
         else
             EXPECT_EQ(code, c.code) << c.queue << " " << c.name;
+    }
+}
+
+// Standard sheets by the IPP names a client without the PPD reads: the bordered sheet
+// takes the code and its borderless twin a printer's own; 0 stands for a printer's own code.
+TEST(RealPpdCodesTest, DriverlessSheetsHaveTheirWindowsCodes)
+{
+    SKIP_WITHOUT_CUPSD();
+    const struct {
+        const char *queue, *keyword;
+        bool borderless;
+        int code;
+    } cases[] = {
+        {"Real-HP-DesignJet-Z6dr", "iso_a4_210x297mm", false, 9},
+        {"Real-HP-DesignJet-Z6dr", "iso_a4_210x297mm_borderless", true, 0},
+        {"Real-HP-DesignJet-Z6dr", "na_letter_8.5x11in", false, 1},
+        {"Real-HP-DesignJet-Z6dr", "na_letter_8.5x11in_borderless", true, 0},
+        {"Real-HP-DesignJet-Z6dr", "iso_b4_250x353mm", false, 42},
+        {"Real-HP-DesignJet-Z6dr", "jis_b4_257x364mm", false, 12},
+        {"Real-HP-LaserJet-5200", "jis_b4_257x364mm", false, 12},
+        {"Real-HP-LaserJet-5200", "na_ledger_11x17in", false, 3},
+        {"Real-Kyocera-FS-1000-de", "iso_a5_148x210mm", false, 11},
+        {"Real-HP-LaserJet-4250", "iso_b5_176x250mm", false, 34},
+    };
+    for (const auto &c : cases) {
+        const CupsQueue read = ReadCupsQueue(QString::fromUtf8(c.queue),
+                                             CupsQueueSource::PrinterAttributes);
+        if (!read.found)
+            continue; // not in the sandbox
+        const auto size = std::find_if(read.sizes.begin(), read.sizes.end(),
+                                       [&](const CupsPaperSize &s) {
+                                           return s.keyword == QLatin1String(c.keyword)
+                                                  && s.unprintable.isNull() == c.borderless;
+                                       });
+        ASSERT_NE(size, read.sizes.end()) << c.queue << " " << c.keyword;
+        if (c.code == 0)
+            EXPECT_GE(size->code, 256) << c.queue << " " << c.keyword;
+        else
+            EXPECT_EQ(size->code, c.code) << c.queue << " " << c.keyword;
     }
 }
 
