@@ -17,14 +17,6 @@ using namespace bravcpl5::test;
 
 namespace {
 
-// The sandbox's real-PPD queues, by what each one shows.
-const char *const realQueues[] = {
-    "Real-HP-LaserJet-4250",       "Real-HP-LaserJet-5200",     "Real-HP-LaserJet-9050",
-    "Real-HP-Color-LaserJet-2500", "Real-HP-DesignJet-4000",    "Real-HP-DesignJet-Z6dr",
-    "Real-Brother-HL-2600CN",      "Real-Lexmark-C540",         "Real-Kyocera-FS-1000-de",
-    "Real-DYMO-LabelWriter-450",   "Real-DYMO-LabelWriter-4XL", "Real-Brother-PT-P700",
-    "Real-Brother-QL-550"};
-
 class RealPpdQueueTest : public ::testing::TestWithParam<const char *>
 {
 protected:
@@ -193,10 +185,8 @@ TEST_P(RealPpdQueueTest, BothReadingsPrintTheSameSheetForACode)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Sandbox, RealPpdQueueTest, ::testing::ValuesIn(realQueues),
-                         [](const auto &info) {
-                             return QString::fromUtf8(info.param).remove(u'-').toStdString();
-                         });
+INSTANTIATE_TEST_SUITE_P(Sandbox, RealPpdQueueTest, ::testing::ValuesIn(RealQueues),
+                         [](const auto &info) { return QueueTestName(info.param); });
 
 // Standard codes on the real queues: sizes by their dimensions whatever the driver calls
 // them, bins by the drivers' spellings. 0 here stands for a printer's own code (256 and up).

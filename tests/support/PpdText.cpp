@@ -91,6 +91,12 @@ PpdText ParsePpd(const QByteArray &contents)
             if (wh.size() == 2)
                 ppd.dimensions.insert(QString::fromUtf8(keyword),
                                       QSizeF(wh[0].toDouble(), wh[1].toDouble()));
+        } else if (line.keyword == "ImageableArea") {
+            const QList<QByteArray> box = unquoted(line.value).simplified().split(' ');
+            if (box.size() == 4)
+                ppd.imageableAreas.insert(QString::fromUtf8(keyword),
+                                          QRectF(QPointF(box[0].toDouble(), box[1].toDouble()),
+                                                 QPointF(box[2].toDouble(), box[3].toDouble())));
         } else if (line.keyword.startsWith("Default")) {
             for (PpdOption &o : ppd.options) {
                 if (o.keyword.toUtf8() == line.keyword.mid(7))

@@ -5,6 +5,7 @@
 
 #include <QHash>
 #include <QList>
+#include <QRectF>
 #include <QSizeF>
 #include <QString>
 
@@ -27,8 +28,10 @@ struct PpdOption {
 
 struct PpdText {
     bool found = false;
-    QList<PpdOption> options;          // in the file's order
-    QHash<QString, QSizeF> dimensions; // PaperDimension by PageSize keyword, in points
+    QList<PpdOption> options;              // in the file's order
+    QHash<QString, QSizeF> dimensions;     // PaperDimension by PageSize keyword, in points
+    QHash<QString, QRectF> imageableAreas; // ImageableArea by PageSize keyword: points from
+                                           // the bottom left corner
     const PpdOption *option(const QString &keyword) const;
 };
 

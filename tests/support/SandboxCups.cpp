@@ -52,6 +52,29 @@ QHash<QString, QString> FinishedJobAttributes(int jobId)
     return attributes;
 }
 
+QHash<QString, QString> JobFilterOptions(int jobId)
+{
+    FinishedJobAttributes(jobId);
+    QFile log(qEnvironmentVariable("BRAVCPL5_CUPS_LOG"));
+    if (!log.open(QIODevice::ReadOnly))
+        return {};
+    // [Job 12] argv[5]="media=A4.FullBleed PageSize=A4.FullBleed ..."
+    const QByteArray marker = "[Job " + QByteArray::number(jobId) + "] argv[5]=\"";
+    QByteArray options;
+    for (const QByteArray &line : log.readAll().split('\n')) {
+        const qsizetype at = line.indexOf(marker);
+        if (at >= 0 && line.endsWith('"'))
+            options = line.mid(at + marker.size()).chopped(1);
+    }
+    cups_option_t *parsed = nullptr;
+    const int count = cupsParseOptions(options.constData(), 0, &parsed);
+    QHash<QString, QString> result;
+    for (int i = 0; i < count; ++i)
+        result.insert(QString::fromUtf8(parsed[i].name), QString::fromUtf8(parsed[i].value));
+    cupsFreeOptions(count, parsed);
+    return result;
+}
+
 bool SaveJobDocument(const QString &queue, int jobId, const QString &file)
 {
     QFile out(file);
