@@ -3,6 +3,7 @@
 #include "printers/NumberCodes.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace bravcpl5 {
 
@@ -74,6 +75,46 @@ constexpr BinCode binCodes[] = {
     {"formsource", 15},
 };
 
+// Parts of words, in the languages drivers name their bins in, that say a bin is fed by hand.
+constexpr const char16_t *manualWords[] = {
+    u"manual",     // en, es, pt, it (manuale)
+    u"manuel",     // fr (manuel, manuelle), da, de, sv, nb (manuell, manueller)
+    u"handeinzug", // de
+    u"handzufuhr", // de
+    u"handmatig",  // nl
+    u"handinvoer", // nl
+    u"käsin",      // fi (käsinsyöttö)
+    u"ręczn",      // pl (ręczny, ręczna)
+    u"ručn",       // cs (ruční)
+    u"ручн",       // ru (ручная, вручную)
+    u"手差し",     // ja
+    u"手動",       // ja, zh_TW
+    u"手动",       // zh_CN
+    u"수동",       // ko
+    u"يدوي",       // ar
+};
+
+// Envelopes, which a bin fed by hand may be for.
+constexpr const char16_t *envelopeWords[] = {
+    u"envelop", u"umschlag", u"kuvert", u"sobre", u"busta", u"koper",
+    u"obálk",   u"конверт",  u"封筒",   u"信封",  u"봉투",  u"ظرف",
+};
+
+// A manual word beside one of these is a way of printing, not a source: "Manual Feed 1st
+// Page" feeds only the first page by hand, manual duplex turns the sheets by hand.
+constexpr const char16_t *notSourceWords[] = {u"first", u"1st", u"duplex"};
+
+// Trays fed by hand under another name ("Paper Bypass", "One Sheet Bypass Tray").
+constexpr const char16_t *byHandWords[] = {u"bypass"};
+
+// A numbered feeder, "MF1" (IPP "mf-1"): Kyocera's multi-purpose tray, which its drivers
+// list beside the manual feed "MF".
+constexpr BinCode numberedFeeder = {"mf", manualBin, true};
+
+constexpr BinCode namedManual = {"", manualBin};
+constexpr BinCode manualEnvelope = {"", 6};
+constexpr BinCode fedByHand = {"", manualBin, true};
+
 QString normalize(const QString &spelling)
 {
     QString reduced;
@@ -91,13 +132,39 @@ const BinCode *spellingOf(const QString &spelling)
         if (reduced == QLatin1String(bin.spelling))
             return &bin;
     }
+    const QStringView number = QStringView(reduced).mid(2);
+    if (reduced.startsWith(QLatin1String("mf")) && !number.isEmpty()
+        && std::all_of(number.begin(), number.end(), [](QChar c) { return c.isDigit(); }))
+        return &numberedFeeder;
     return nullptr;
 }
 
+template <std::size_t N> bool says(const QString &text, const char16_t *const (&words)[N])
+{
+    return std::any_of(std::begin(words), std::end(words),
+                       [&](const char16_t *word) { return text.contains(QStringView(word)); });
+}
+
+// A word of the keyword or name that says manual, in lower case so that "Manuell" and
+// "ManualAll" count.
+const BinCode *wordOf(const PaperBinName &bin)
+{
+    const QString text = (bin.keyword + u' ' + bin.name).toLower();
+    if (says(text, notSourceWords))
+        return nullptr;
+    if (says(text, manualWords))
+        return says(text, envelopeWords) ? &manualEnvelope : &namedManual;
+    return says(text, byHandWords) ? &fedByHand : nullptr;
+}
+
+// An exact spelling of the keyword, then of the name, then a word of either.
 const BinCode *match(const PaperBinName &bin)
 {
-    const BinCode *found = spellingOf(bin.keyword);
-    return found ? found : spellingOf(bin.name);
+    if (const BinCode *found = spellingOf(bin.keyword))
+        return found;
+    if (const BinCode *found = spellingOf(bin.name))
+        return found;
+    return wordOf(bin);
 }
 
 } // namespace

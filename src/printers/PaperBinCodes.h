@@ -21,6 +21,9 @@ struct PaperBinName {
 // The standard code of a bin, from its keyword, else from its name; 0 when it has none.
 // Case, spaces, hyphens, underscores and brackets do not matter, and the common spellings
 // of drivers and IPP count ("Tray1_Man", "EF1", "MF", "ManualEnv", "by-pass-tray", "LCT").
+// Failing those, a word of either that says manual in a driver's language is the manual
+// feed ("Bandeja 1 (Manual)", "Handinvoer", "手差し"), or with an envelope word the manual
+// envelope feed ("Sobre manual").
 int StandardPaperBinCode(const PaperBinName &bin);
 
 // Codes for a printer's bins in the printer's order: the standard code where there is

@@ -236,6 +236,7 @@ TEST(RealPpdCodesTest, StandardSheetsAndBinsHaveTheirWindowsCodes)
         {"Real-Lexmark-C540", Bin, "Manual Paper", 4}, // before the multi-purpose feeder
         {"Real-Lexmark-C540", Bin, "Manual Envelope", 6},
         {"Real-Kyocera-FS-1000-de", Bin, "Papierzufuhr Handeinzug", 4}, // InputSlot MF
+        {"Real-Kyocera-FS-1000-de", Bin, "Mehrzweckzufuhr", 0}, // MF1, fed by hand, gives way
         {"Real-DYMO-LabelWriter-450", Bin, "Automatically Select", 7},
     };
     std::unique_ptr<PrinterInfo> info = CreateSystemPrinterInfo();
@@ -315,6 +316,7 @@ TEST(RealPpdCodesTest, DriverlessSourcesHaveTheirWindowsCodes)
         {"Real-Lexmark-C540", "by-pass-tray", 0}, // not manual beside a manual bin
         {"Real-Lexmark-C540", "manual-env", 6},
         {"Real-Kyocera-FS-1000-de", "mf", 4},
+        {"Real-Kyocera-FS-1000-de", "mf-1", 0}, // the multi-purpose tray beside it
         {"Real-HP-DesignJet-4000", "main-roll", 8},
         {"Real-HP-DesignJet-Z6dr", "manual-feed", 4},
         {"Real-DYMO-LabelWriter-450", "", 7}, // no sources: the bin a job without one takes
