@@ -281,8 +281,8 @@ DefaultMedia readDefaultMedia(ipp_attribute_t *mediaCol)
 }
 
 // The printer's sources by their IPP keywords; the current one is the default media's
-// source, else the printer's "media-source-default" (cupsd publishes one only where the
-// queue's administrator chose it).
+// source, else the queue's default source (cupsd has one only where the queue's
+// administrator chose it), else the printer's "media-source-default".
 void readIppBins(const IppPrinter &printer, const DefaultMedia &defaults, CupsQueue &result)
 {
     http_t *http = printer.http.get();
@@ -302,6 +302,9 @@ void readIppBins(const IppPrinter &printer, const DefaultMedia &defaults, CupsQu
     }
     const QList<int> codes = NumberPaperBins(names);
     QString chosenKeyword = defaults.source;
+    if (chosenKeyword.isEmpty()) // the queue's own, as lpadmin -o media-source-default sets it
+        chosenKeyword = QString::fromUtf8(
+            cupsGetOption("media-source", printer.dest->num_options, printer.dest->options));
     if (chosenKeyword.isEmpty()) {
         ipp_attribute_t *chosen = cupsFindDestDefault(http, printer.dest, printer.info.get(),
                                                       "media-source");

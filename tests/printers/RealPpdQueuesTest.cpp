@@ -299,6 +299,23 @@ TEST(RealPpdCodesTest, DriverlessSheetsHaveTheirWindowsCodes)
     }
 }
 
+// A driverless printer's current sheet and tray are the ones it publishes: the default
+// sheet with its margins (not its borderless twin), the tray an administrator chose.
+TEST(RealPpdCodesTest, DriverlessDefaultsAreThePrintersOwn)
+{
+    SKIP_WITHOUT_CUPSD();
+    const CupsQueue plotter = ReadCupsQueue(QStringLiteral("Real-HP-DesignJet-Z6dr"),
+                                            CupsQueueSource::PrinterAttributes);
+    const CupsQueue chosen = ReadCupsQueue(QStringLiteral("Real-HP-LaserJet-4250-Tray-2"),
+                                           CupsQueueSource::PrinterAttributes);
+    if (!plotter.found || !chosen.found)
+        GTEST_SKIP() << "queues not in the sandbox (driver package missing)";
+    EXPECT_EQ(plotter.defaultSizeCode, 1);
+    ASSERT_TRUE(chosen.binByCode(chosen.defaultBinCode));
+    EXPECT_EQ(chosen.binByCode(chosen.defaultBinCode)->keyword, QStringLiteral("tray-2"));
+    EXPECT_EQ(chosen.defaultSizeCode, 1);
+}
+
 // The same codes for a printer read without its PPD, by the IPP names the server gives its
 // sources ("tray-1-man"); 0 again stands for a printer's own code.
 TEST(RealPpdCodesTest, DriverlessSourcesHaveTheirWindowsCodes)
