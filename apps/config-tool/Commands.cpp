@@ -3,6 +3,7 @@
 #include "library/LateBinding.h"
 #include "library/Registry.h"
 #include "library/Units.h"
+#include "library/ValueRules.h"
 #include "library/WholeFile.h"
 #include "printers/PaperSizeCodes.h"
 #include "printers/PrinterInfo.h"
@@ -216,13 +217,13 @@ int ShowConfiguration(CommandContext &context, const QString &configuration)
     const PrinterPaper paper = info.paper(installed);
     const int sizeCode = setup.paperSize.value_or(paper.currentSize);
     QString size = QStringLiteral("code %1, not offered by the printer").arg(sizeCode);
-    for (const PaperSizeInfo &offered : paper.sizes) {
-        if (offered.code == sizeCode)
-            size = QStringLiteral("%1 (code %2, %3)")
-                       .arg(offered.name)
-                       .arg(sizeCode)
-                       .arg(paperDimensions(offered));
-    }
+    const auto length = [](const QString &text) { return values::textToSingle(text).value_or(0); };
+    if (const PaperSizeInfo *offered = StoredPaperSize(
+            paper.sizes, sizeCode, QSizeF(length(setup.paperWidth), length(setup.paperHeight))))
+        size = QStringLiteral("%1 (code %2, %3)")
+                   .arg(offered->name)
+                   .arg(offered->code)
+                   .arg(paperDimensions(*offered));
     if (sizeCode >= FirstPrinterPaperCode)
         size += QStringLiteral("; stored size %1 x %2")
                     .arg(inches(setup.paperWidth), inches(setup.paperHeight));

@@ -172,6 +172,7 @@ bool frmPageSetup::Open(const QString &configuration, const QString &printerName
 void frmPageSetup::FillPaperSizes(PageSetupChoices &choices)
 {
     m_paperSizes = m_info.paperSizes(m_printer);
+    choices.paperSheets = m_paperSizes;
     bool hasCustomPaperSize = false;
     for (const PaperSizeInfo &size : std::as_const(m_paperSizes)) {
         ui->cboPaperSize->addItem(size.name, size.code);

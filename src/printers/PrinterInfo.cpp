@@ -1,5 +1,8 @@
 #include "printers/PrinterInfo.h"
 
+#include "library/Units.h"
+#include "printers/PaperSizeCodes.h"
+
 namespace bravcpl5 {
 
 namespace {
@@ -24,6 +27,18 @@ PrinterInfo &CurrentPrinterInfo()
 }
 
 void SetPrinterInfo(std::unique_ptr<PrinterInfo> info) { instance() = std::move(info); }
+
+const PaperSizeInfo *StoredPaperSize(const QList<PaperSizeInfo> &sizes, int code,
+                                     const QSizeF &inches)
+{
+    const qsizetype index = FindStoredPaper(
+        sizes, code, inches * (TwipsPerInch / TwipsPerPoint),
+        [](const PaperSizeInfo &size) {
+            return QSizeF(size.widthTwips, size.heightTwips) / TwipsPerPoint;
+        },
+        [](const PaperSizeInfo &size) { return size.code; });
+    return index < 0 ? nullptr : &sizes[index];
+}
 
 QString FindPrinter(const PrinterInfo &info, const QString &name)
 {

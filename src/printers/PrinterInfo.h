@@ -11,6 +11,7 @@
 // thing once for the dialog's lifetime.
 
 #include <QList>
+#include <QSizeF>
 #include <QString>
 #include <QStringList>
 #include <memory>
@@ -79,6 +80,12 @@ PrinterInfo &CurrentPrinterInfo();
 void SetPrinterInfo(std::unique_ptr<PrinterInfo> info);
 // The system's printers, as CurrentPrinterInfo() gives them by default.
 std::unique_ptr<PrinterInfo> CreateSystemPrinterInfo();
+
+// The size of `sizes` that a stored paper code prints on, with the width and height stored
+// beside it in inches (empty where none is stored): see FindStoredPaper in PaperSizeCodes.h.
+// Null for none.
+const PaperSizeInfo *StoredPaperSize(const QList<PaperSizeInfo> &sizes, int code,
+                                     const QSizeF &inches);
 
 // The installed printer whose name equals `name` without regard to case, or "".
 QString FindPrinter(const PrinterInfo &info, const QString &name);

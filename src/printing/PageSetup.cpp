@@ -63,6 +63,24 @@ void readSelection(pugi::xml_node node, const char *element, std::optional<int> 
         selected = codes.first();
 }
 
+// The entry for a printer's own paper code (256 and up): the printer's size of the stored
+// width and height, as the code was numbered on whichever workstation saved it; none when
+// the printer has no size of those dimensions.
+std::optional<int> storedSheet(pugi::xml_node node, const PageSetupChoices &choices)
+{
+    const auto code = values::textToInt16(GetXmlValue(name(pagesetup::paperSize), node, QString()));
+    const auto inches = [&](const char *element) {
+        return values::textToSingle(GetXmlValue(name(element), node, QString()));
+    };
+    const auto width = inches(pagesetup::paperWidth);
+    const auto height = inches(pagesetup::paperHeight);
+    if (!code || *code < FirstPrinterPaperCode || !width || !height)
+        return std::nullopt;
+    const PaperSizeInfo *sheet = StoredPaperSize(choices.paperSheets, *code,
+                                                 QSizeF(*width, *height));
+    return sheet ? std::optional<int>(sheet->code) : std::nullopt;
+}
+
 void readLengths(pugi::xml_node node, std::span<const LengthField> table, PageSetup &fields)
 {
     for (const LengthField &f : table)
@@ -107,6 +125,8 @@ bool PageSetup::read(const pugi::xml_document &document, const PageSetupChoices 
 
     readSelection(node, pagesetup::paperSize, paper.paperSize, choices.paperSizes,
                   choices.storedCodes, paperSize);
+    if (const auto sheet = choices.storedCodes ? std::nullopt : storedSheet(node, choices))
+        paperSize = sheet;
     if (paperSize && *paperSize >= FirstPrinterPaperCode) {
         paperWidth = GetXmlValue(name(pagesetup::paperWidth), node, QString());
         paperHeight = GetXmlValue(name(pagesetup::paperHeight), node, QString());

@@ -22,6 +22,9 @@ struct PageSetupChoices {
     // Takes every stored code as it stands, none where none is stored: the file as it is,
     // for a listing rather than a dialog's lists.
     bool storedCodes = false;
+    // The printer's sizes with their dimensions: a printer's own code (256 and up) saved on
+    // another workstation selects the size of the stored width and height.
+    QList<PaperSizeInfo> paperSheets = {};
 };
 
 // The paper a page setup takes where its file stores none: the current size and bin of the
@@ -59,8 +62,10 @@ struct PageSetup {
     bool operator==(const PageSetup &) const = default;
 
     // Fills the fields from a document's "PageSetup" element: stored values, else the
-    // defaults (for paper size and bin, `paper`). A stored code that the choices lack
-    // selects their first entry. Paper width and height are read
+    // defaults (for paper size and bin, `paper`). A stored paper code of 256 and up selects
+    // the printer's size of the stored width and height, the code only breaking ties; any
+    // other stored code that the choices lack selects their first entry. Paper width and
+    // height are read
     // only for a custom size (code 256 and up); otherwise they keep what the chosen paper
     // gave them. False, with the fields untouched, when there is no "PageSetup" element.
     bool read(const pugi::xml_document &document, const PageSetupChoices &choices,

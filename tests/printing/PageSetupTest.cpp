@@ -133,6 +133,47 @@ TEST_F(PageSetupTest, SelectsTheStoredCodeElseTheFirst)
     }
 }
 
+// A printer's own code was numbered on the workstation that saved it: the stored size
+// finds the sheet here (the same label is 263 through one client's reading, 270 through
+// another's), the code choosing only between sheets of one size.
+TEST_F(PageSetupTest, OwnPaperCodesSelectTheSheetOfTheStoredSize)
+{
+    PageSetupChoices labels = officeLaser;
+    labels.paperSheets = {{"Letter", 1, 12240, 15840},
+                          {"Letter (Borderless)", 256, 12240, 15840},
+                          {"30252 Address", 257, 1584, 5040},
+                          {"30256 Shipping", 258, 3340, 5760}};
+    labels.paperSizes = {1, 256, 257, 258};
+    const struct {
+        const char *name;
+        QByteArray pageSetup;
+        int paperSize;
+    } cases[] = {
+        {"another client's code of the label",
+         "<PaperSize>263</PaperSize><PaperWidth>1.1</PaperWidth>"
+         "<PaperHeight>3.5</PaperHeight>",
+         257},
+        {"a code of this printer on another sheet",
+         "<PaperSize>257</PaperSize><PaperWidth>2.32</PaperWidth><PaperHeight>4</PaperHeight>",
+         258},
+        {"the code breaks the tie",
+         "<PaperSize>256</PaperSize><PaperWidth>8.5</PaperWidth>"
+         "<PaperHeight>11</PaperHeight>",
+         256},
+        {"without a tie, the sheet of the size",
+         "<PaperSize>300</PaperSize><PaperWidth>8.5</PaperWidth>"
+         "<PaperHeight>11</PaperHeight>",
+         1},
+        {"a size the printer lacks: the stored code as before",
+         "<PaperSize>257</PaperSize><PaperWidth>5</PaperWidth><PaperHeight>5</PaperHeight>", 257},
+        {"without a size: the stored code as before", "<PaperSize>258</PaperSize>", 258},
+    };
+    for (const auto &c : cases) {
+        configure(c.pageSetup);
+        EXPECT_EQ(read(labels).paperSize, c.paperSize) << c.name;
+    }
+}
+
 TEST_F(PageSetupTest, PaperWidthAndHeightAreReadOnlyForCustomSizes)
 {
     PageSetup chosen;
