@@ -24,18 +24,28 @@ public:
     {
         const CupsQueue queue = ReadCupsQueue(printer);
         PrinterPaper paper;
-        for (const CupsPaperSize &size : queue.sizes)
+        for (const CupsPaperSize &size : queue.sizes) {
+            const QMarginsF &m = size.unprintable;
             paper.sizes.append(
-                {size.name, size.code, twips(size.points.width()), twips(size.points.height())});
+                {size.name, size.code, twips(size.points.width()), twips(size.points.height()),
+                 QMargins(twips(m.left()), twips(m.top()), twips(m.right()), twips(m.bottom()))});
+        }
         for (const CupsPaperBin &bin : queue.bins)
             paper.bins.append({bin.name, bin.code});
         paper.currentSize = queue.defaultSizeCode;
         paper.currentBin = queue.defaultBinCode;
+        paper.customMinTwips = twips(queue.customMin);
+        paper.customMaxTwips = twips(queue.customMax);
+        paper.state = {queue.found, queue.stopped, queue.acceptingJobs, queue.stateReasons};
         return paper;
     }
 
 private:
     static int twips(double points) { return int(std::lround(points * TwipsPerPoint)); }
+    static QSize twips(const QSizeF &points)
+    {
+        return QSize(twips(points.width()), twips(points.height()));
+    }
 };
 
 } // namespace

@@ -43,6 +43,20 @@ void numberSizes(QList<CupsPaperSize> &sizes)
         sizes[i].code = codes[i];
 }
 
+// The queue's state from its destination: "printer-state" 5 is stopped.
+void readState(const cups_dest_t *dest, CupsQueue &result)
+{
+    const auto option = [&](const char *name) {
+        return QString::fromUtf8(cupsGetOption(name, dest->num_options, dest->options));
+    };
+    result.stopped = option("printer-state").toInt() == IPP_PSTATE_STOPPED;
+    result.acceptingJobs = option("printer-is-accepting-jobs") != QLatin1String("false");
+    for (const QString &reason : option("printer-state-reasons").split(u',', Qt::SkipEmptyParts)) {
+        if (reason != QLatin1String("none") && reason != QLatin1String("paused"))
+            result.stateReasons.append(reason);
+    }
+}
+
 // The PPD calls are deprecated in favour of the IPP destination API, which gives neither
 // the driver's bin names nor the printable areas; they are still part of libcups.
 #pragma GCC diagnostic push
@@ -191,6 +205,10 @@ void readSizes(ppd_file_t *ppd, const cups_dest_t *dest, CupsQueue &result)
         if (size.keyword == chosen)
             result.defaultSizeCode = size.code;
     }
+    if (ppd->variable_sizes) {
+        result.customMin = QSizeF(ppd->custom_min[0], ppd->custom_min[1]);
+        result.customMax = QSizeF(ppd->custom_max[0], ppd->custom_max[1]);
+    }
 }
 
 bool readPpd(const QByteArray &queue, const cups_dest_t *dest, CupsQueue &result)
@@ -323,6 +341,27 @@ void readIppBins(const IppPrinter &printer, const DefaultMedia &defaults, CupsQu
     }
 }
 
+// The custom sheets a driverless printer takes, from the "custom_min_..." and
+// "custom_max_..." names among its media.
+void readIppCustomRange(const IppPrinter &printer, CupsQueue &result)
+{
+    ipp_attribute_t *media = cupsFindDestSupported(printer.http.get(), printer.dest,
+                                                   printer.info.get(), "media");
+    for (int i = 0; i < ippGetCount(media); ++i) {
+        const char *name = ippGetString(media, i, nullptr);
+        const pwg_media_t *size = name ? pwgMediaForPWG(name) : nullptr;
+        if (!size)
+            continue;
+        const QSizeF points(hundredthsToPoints(size->width), hundredthsToPoints(size->length));
+        if (qstrncmp(name, "custom_min_", 11) == 0)
+            result.customMin = points;
+        else if (qstrncmp(name, "custom_max_", 11) == 0)
+            result.customMax = points;
+    }
+    if (result.customMin.isEmpty() || result.customMax.isEmpty())
+        result.customMin = result.customMax = QSizeF();
+}
+
 // The printer's media database: each sheet by its IPP name ("na_letter_8.5x11in"), with its
 // exact dimensions and margins. A borderless sheet shares its name with its bordered twin
 // and differs only by its margins, which is why jobs name sheets in "media-col".
@@ -354,6 +393,7 @@ void readIppSizes(const IppPrinter &printer, const DefaultMedia &defaults, CupsQ
                           [](const CupsPaperSize &size) { return !size.unprintable.isNull(); });
     numberSizes(result.sizes);
     result.mediaType = defaults.type;
+    readIppCustomRange(printer, result);
     // The default sheet by its size and margins, which tell a borderless twin apart; else by
     // its size alone; else by the printer's default name. The destination API's default
     // would fall back to the sheet of the user's locale.
@@ -484,6 +524,7 @@ CupsQueue ReadCupsQueue(const QString &queue, CupsQueueSource source)
         return result;
     }
     result.found = true;
+    readState(dest, result);
     if (source == CupsQueueSource::PrinterAttributes || !readPpd(name, dest, result))
         readIpp(dest, result);
     cupsFreeDests(1, dest);

@@ -46,6 +46,13 @@ struct CupsQueue {
     int defaultSizeCode = 0; // 0 when the queue names none
 
     QString mediaType; // a driverless printer's default media type; "" where it names none
+    // The portrait range of custom sheets the printer takes, in points; empty for none.
+    QSizeF customMin;
+    QSizeF customMax;
+    // The queue's state as the server gives it.
+    bool stopped = false;
+    bool acceptingJobs = true;
+    QStringList stateReasons; // without "none" and "paused"
 
     const CupsPaperBin *binByCode(int code) const;
     // The size a stored code and its portrait dimensions print on (see FindStoredPaper in

@@ -224,6 +224,12 @@ int NamedPaperSizeCode(const QString &keyword, const QSizeF &points)
     return 0;
 }
 
+QSizeF PaperCodePoints(int code)
+{
+    const PaperCode *paper = byCode(code);
+    return paper ? pointsOf(*paper) : QSizeF();
+}
+
 bool IsSheetOfCode(int code, const QSizeF &points)
 {
     const PaperCode *paper = byCode(code);

@@ -31,6 +31,9 @@ int StandardPaperSizeCode(const QSizeF &points);
 // metric sheets by more than one); Ledger and Tabloid agree turned either way. 0 otherwise.
 int NamedPaperSizeCode(const QString &keyword, const QSizeF &points);
 
+// The portrait size in points of the sheet a standard code names; empty for another code.
+QSizeF PaperCodePoints(int code);
+
 // True when a sheet is the one a standard code names: its dimensions within a point, and
 // for Ledger and Tabloid turned either way.
 bool IsSheetOfCode(int code, const QSizeF &points);

@@ -11,6 +11,8 @@
 // thing once for the dialog's lifetime.
 
 #include <QList>
+#include <QMargins>
+#include <QSize>
 #include <QSizeF>
 #include <QString>
 #include <QStringList>
@@ -23,6 +25,16 @@ struct PaperSizeInfo {
     int code = 0;        // Windows paper code; 256 and up for the printer's own sizes
     int widthTwips = 0;  // portrait width
     int heightTwips = 0; // portrait height
+    QMargins unprintableTwips = {}; // portrait edges the printer cannot reach; none known: 0
+};
+
+// What the print system says of a printer's readiness; nothing known by default.
+struct PrinterState {
+    bool known = false;
+    bool stopped = false;      // disabled (cupsdisable) or paused
+    bool acceptingJobs = true; // false when rejecting jobs (cupsreject)
+    QStringList reasons;       // the printer's own state reasons ("media-empty-error",
+                               // "offline-report"), none when all is well
 };
 
 struct PaperBinInfo {
@@ -30,12 +42,17 @@ struct PaperBinInfo {
     int code = 0; // Windows bin code; 256 and up for bins without a standard code
 };
 
-// One printer's paper, as one read of the printer gives it.
+// One printer's paper and state, as one read of the printer gives them.
 struct PrinterPaper {
     QList<PaperSizeInfo> sizes;
     QList<PaperBinInfo> bins;
     int currentSize = 0;
     int currentBin = 0;
+    // The portrait sizes a printer takes as custom sheets, smallest and largest; empty when
+    // it takes none.
+    QSize customMinTwips = {};
+    QSize customMaxTwips = {};
+    PrinterState state = {};
 };
 
 class PrinterInfo

@@ -7,11 +7,13 @@
 #include "library/Messages.h"
 #include "library/Registry.h"
 #include "library/Xml.h"
+#include "printers/CachedPrinterInfo.h"
 #include "printing/ConfigurationCommands.h"
 #include "printing/ConfigurationElements.h"
 #include "printing/ConfigurationFiles.h"
 #include "printing/PageSetup.h"
 #include "printing/PageSetupToReport.h"
+#include "printing/PrinterCheck.h"
 #include "printing/ReportContract.h"
 
 #include <QHash>
@@ -254,6 +256,32 @@ QList<ConfigurationRow> PrinterConfigurations::configurations()
         rows.append({configuration.name, printers.value(configuration.name.toCaseFolded()),
                      configuration.file, PrinterConfigurationIsSystem(configuration.file)});
     return rows;
+}
+
+QList<ConfigurationCheck> PrinterConfigurations::checkConfigurations(const PrinterInfo &printers,
+                                                                     bool withState,
+                                                                     const QString &configuration)
+{
+    const CachedPrinterInfo cached(printers);
+    const QString fallback = printerAssignments().value(
+        QString::fromLatin1(DefaultPrinterValueName).toCaseFolded());
+    PageSetupChoices asStored;
+    asStored.storedCodes = true;
+    QList<ConfigurationCheck> checks;
+    for (const ConfigurationRow &row : configurations()) {
+        if (!configuration.isEmpty() && row.name.compare(configuration, Qt::CaseInsensitive) != 0)
+            continue;
+        PrinterToCheck printer{row.printer.isEmpty() ? fallback : row.printer, std::nullopt,
+                               withState};
+        const QString installed = printer.name.isEmpty() ? QString()
+                                                         : FindPrinter(cached, printer.name);
+        if (!installed.isEmpty())
+            printer.paper = cached.paper(installed);
+        PageSetup setup;
+        ReadPageSetup(row.file, asStored, PaperDefaults(), setup);
+        checks.append({row.name, printer.name, CheckPageSetup(setup, printer)});
+    }
+    return checks;
 }
 
 std::optional<ConfigurationRow> PrinterConfigurations::configuration(const QString &name,

@@ -12,7 +12,9 @@ namespace bravcpl5 {
 
 enum class ConfigurationCommand;
 struct ConfigurationChange;
+struct ConfigurationCheck;
 struct ConfigurationRow;
+class PrinterInfo;
 struct PageSetup;
 struct PageSetupChoices;
 struct PaperDefaults;
@@ -79,6 +81,14 @@ public:
     QHash<QString, QString> printerAssignments();
     // Every configuration with its file, own printer and system flag, in listing order.
     QList<ConfigurationRow> configurations();
+
+    // Every configuration (or only the one named) checked against the printer it prints on,
+    // its own else the "(Default)" one (printing/PrinterCheck.h), in listing order. Each
+    // printer's information is read once through `printers`; `withState` false leaves the
+    // printers' state out.
+    QList<ConfigurationCheck> checkConfigurations(const PrinterInfo &printers,
+                                                  bool withState = true,
+                                                  const QString &configuration = QString());
 
     // Assigns the printer as SetPrinterForConfiguration does; false when it was not saved.
     bool assignPrinter(const QString &configuration, const QString &printer);
