@@ -5,6 +5,7 @@
 #include "forms/Glyphs.h"
 #include "library/Messages.h"
 #include "printers/PaperSizeCodes.h"
+#include "printing/PrinterCheck.h"
 #include "printing/PrinterConfigurations.h"
 
 namespace bravcpl5 {
@@ -242,6 +243,17 @@ void frmPageSetup::DrawPreviews()
     const PageSetupPreviewInfo record = PreviewRecord(m_value);
     for (PageSetupPicture *picture : {ui->picPreview1, ui->picPreview2, ui->picPreview3})
         picture->setRecord(record);
+    UpdatePrinterWarning();
+}
+
+void frmPageSetup::UpdatePrinterWarning()
+{
+    // The page against the printer's paper only: whether the printer is ready is no matter
+    // of the page setup.
+    const QList<PrinterFinding> findings = CheckPageSetup(
+        m_value, PrinterToCheck{m_printer, m_info.paper(m_printer), false});
+    ui->lblPrinterWarning->setText(findings.isEmpty() ? QString() : DescribeFindings(findings));
+    ui->lblPrinterWarning->setVisible(!findings.isEmpty());
 }
 
 void frmPageSetup::toControls()

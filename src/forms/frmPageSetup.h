@@ -6,7 +6,9 @@
 // controls (set from the value under a guard), changed field by field by the control the
 // user changed, drawn by the previews, and saved through the store by OK only. Cancelled
 // starts True, so the close box reads as cancelled. The dialog keeps its own current
-// printer, and that printer's sizes and bins, for its lifetime.
+// printer, and that printer's sizes and bins, for its lifetime. A line under the previews
+// says what of the value that printer cannot print; OK saves it all the same, since a
+// configuration may be meant for another workstation's printer.
 
 #include "forms/ModalForm.h"
 #include "printers/CachedPrinterInfo.h"
@@ -51,6 +53,7 @@ private:
     void UpdateOrientationPictures();
     void UpdatePaperFields();
     void DrawPreviews();
+    void UpdatePrinterWarning();
     void cmdOK_Click();
     void cmdCancel_Click();
 

@@ -10,7 +10,9 @@
 #include "printing/PrinterConfigurations.h"
 
 #include <QAction>
+#include <QHash>
 #include <QStyle>
+#include <utility>
 
 namespace bravcpl5 {
 
@@ -34,11 +36,25 @@ QTreeWidgetItem *rowItem(const ConfigurationRow &row, const QString &defaultHint
     return item;
 }
 
+// Each row's check, found by name: the store checks in its own listing order.
+QList<ConfigurationCheck> checksOfRows(const QList<ConfigurationRow> &rows,
+                                       const QList<ConfigurationCheck> &checks)
+{
+    QHash<QString, ConfigurationCheck> byName;
+    for (const ConfigurationCheck &check : checks)
+        byName.insert(check.configuration.toCaseFolded(), check);
+    QList<ConfigurationCheck> ordered;
+    for (const ConfigurationRow &row : rows)
+        ordered.append(byName.value(row.name.toCaseFolded(), {row.name, row.printer, {}}));
+    return ordered;
+}
+
 } // namespace
 
 frmPrinterConfigurations::frmPrinterConfigurations(QWidget *parent)
     : ModalForm(parent, false, Placement::Remembered),
-      ui(std::make_unique<Ui::frmPrinterConfigurations>())
+      ui(std::make_unique<Ui::frmPrinterConfigurations>()),
+      m_info(CurrentPrinterInfo())
 {
     ui->setupUi(this);
 
@@ -52,18 +68,17 @@ frmPrinterConfigurations::frmPrinterConfigurations(QWidget *parent)
     ui->rptPrinters->addActions(m_commands);
 
     CellEditor *editor = SetupReportGrid(
-        ui->rptPrinters,
-        {NameColumn, [](const QModelIndex &index) {
-             switch (index.column()) {
-             case NameColumn:
-                 return GridCell::text();
-             case PrinterColumn:
-                 // This machine's printers as they are when the list opens.
-                 return GridCell::list([]() { return CurrentPrinterInfo().printerNames(); });
-             default:
-                 return GridCell::readOnly();
-             }
-         }});
+        ui->rptPrinters, {NameColumn, [this](const QModelIndex &index) {
+                              switch (index.column()) {
+                              case NameColumn:
+                                  return GridCell::text();
+                              case PrinterColumn:
+                                  // This machine's printers as the dialog read them.
+                                  return GridCell::list([this]() { return m_info.printerNames(); });
+                              default:
+                                  return GridCell::readOnly();
+                              }
+                          }});
     // Applied once the editor has closed: a rename reloads the whole list.
     connect(
         editor, &CellEditor::edited, this,
@@ -76,6 +91,8 @@ frmPrinterConfigurations::frmPrinterConfigurations(QWidget *parent)
             &frmPrinterConfigurations::rptPrinters_AfterEdit);
     connect(ui->rptPrinters, &QTreeWidget::itemSelectionChanged, this,
             &frmPrinterConfigurations::UpdateCommands);
+    connect(ui->rptPrinters, &QTreeWidget::itemSelectionChanged, this,
+            &frmPrinterConfigurations::showSelectedCheck);
     connect(ui->cmdPageSetup, &QPushButton::clicked, this,
             &frmPrinterConfigurations::cmdPageSetup_Click);
     connect(ui->cmdCopy, &QPushButton::clicked, this, &frmPrinterConfigurations::cmdCopy_Click);
@@ -100,6 +117,8 @@ void frmPrinterConfigurations::LoadList()
     const int selected = selectedRow();
     const QString current = selected >= 0 ? m_rows[selected].name : QString();
     m_rows = m_store ? m_store->configurations() : QList<ConfigurationRow>();
+    m_checks = checksOfRows(m_rows, m_store ? m_store->checkConfigurations(m_info)
+                                            : QList<ConfigurationCheck>());
     const QString fallback = m_store ? m_store->GetPrinterForConfiguration(
                                  QString::fromLatin1(DefaultPrinterValueName), true)
                                      : QString();
@@ -112,11 +131,45 @@ void frmPrinterConfigurations::LoadList()
         items.append(rowItem(row, hint, shared));
     m_loading = true;
     ShowGridRows(ui->rptPrinters, items, NameColumn);
+    for (int row = 0; row < m_rows.size(); ++row)
+        showCheck(row);
     ui->rptPrinters->resizeColumnToContents(PrinterColumn);
     m_loading = false;
     if (!current.isEmpty())
         selectConfiguration(current);
     UpdateCommands();
+    showSelectedCheck();
+}
+
+void frmPrinterConfigurations::showCheck(int row)
+{
+    QTreeWidgetItem *item = ui->rptPrinters->topLevelItem(row);
+    if (!item)
+        return;
+    const QList<PrinterFinding> &findings = m_checks[row].findings;
+    const bool loading = std::exchange(m_loading, true);
+    item->setIcon(PrinterColumn, findings.isEmpty()
+                                     ? QIcon()
+                                     : style()->standardIcon(QStyle::SP_MessageBoxWarning));
+    item->setToolTip(PrinterColumn, findings.isEmpty() ? QString() : DescribeFindings(findings));
+    m_loading = loading;
+    if (row == selectedRow())
+        showSelectedCheck();
+}
+
+void frmPrinterConfigurations::showSelectedCheck()
+{
+    const int row = selectedRow();
+    if (row < 0 || row >= m_checks.size()) {
+        ui->lblFindings->clear();
+        return;
+    }
+    const ConfigurationCheck &check = m_checks[row];
+    if (!check.findings.isEmpty())
+        ui->lblFindings->setText(DescribeFindings(check.findings));
+    else
+        ui->lblFindings->setText(QStringLiteral("%1 prints on %2 as it is set up.")
+                                     .arg(check.configuration, check.printer));
 }
 
 void frmPrinterConfigurations::UpdateCommands()
@@ -136,6 +189,7 @@ void frmPrinterConfigurations::runCommand(ConfigurationCommand command)
     case ConfigurationCommand::Rename: // an edit of the name cell, not a toolbar command
         break;
     case ConfigurationCommand::Refresh:
+        m_info.refresh();
         LoadList();
         break;
     case ConfigurationCommand::PrinterProperties:
@@ -196,6 +250,11 @@ void frmPrinterConfigurations::assignPrinter(int row, const QString &printer)
     m_rows[row].printer = printer;
     if (QTreeWidgetItem *item = ui->rptPrinters->topLevelItem(row))
         item->setData(PrinterColumn, GridHintRole, QVariant());
+    // The row's check follows its new printer at once.
+    const QList<ConfigurationCheck> checks = m_store->checkConfigurations(m_info, true,
+                                                                          m_rows[row].name);
+    m_checks[row] = checksOfRows({m_rows[row]}, checks).value(0);
+    showCheck(row);
     UpdateCommands();
 }
 

@@ -5,9 +5,13 @@
 // given a printer by choosing one in its row; the commands set its page up, open its
 // printer's properties, copy it into the user folder and delete it. The dialog keeps its
 // rows as values, read once it has been shown and again after every change to the files.
+// Each row is checked against the printer it prints on: a row with findings is marked in
+// its printer cell, and the line under the grid states the selected row's findings.
 
 #include "forms/ModalForm.h"
+#include "printers/CachedPrinterInfo.h"
 #include "printing/ConfigurationCommands.h"
+#include "printing/PrinterCheck.h"
 
 #include <QPointer>
 #include <memory>
@@ -34,6 +38,8 @@ public:
     void SetUp(Library *owner);
 
     const QList<ConfigurationRow> &rows() const { return m_rows; }
+    // Each row's check, in the rows' order.
+    const QList<ConfigurationCheck> &checks() const { return m_checks; }
 
 protected:
     void firstActivation() override;
@@ -41,6 +47,9 @@ protected:
 private:
     void LoadList();
     void UpdateCommands();
+    // Marks the row's printer cell by its check and, for the selected row, the line.
+    void showCheck(int row);
+    void showSelectedCheck();
     void runCommand(ConfigurationCommand command);
     void rptPrinters_AfterEdit(QTreeWidgetItem *item, int column);
     void renameConfiguration(int row, const QString &name);
@@ -64,6 +73,8 @@ private:
     QList<QAction *> m_commands;
     QPointer<PrinterConfigurations> m_store;
     QList<ConfigurationRow> m_rows;
+    QList<ConfigurationCheck> m_checks;
+    CachedPrinterInfo m_info; // read once while the dialog is open, again by Refresh
     bool m_loading = false;
 };
 

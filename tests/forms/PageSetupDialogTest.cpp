@@ -13,6 +13,7 @@
 #include "support/DialogDriver.h"
 #include "support/ListedPrinters.h"
 #include "support/MessageRecorder.h"
+#include "support/PaperPrinters.h"
 #include "support/RecordingPreviewSurface.h"
 #include "support/SandboxCups.h"
 #include "support/StoreFixture.h"
@@ -21,6 +22,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFile>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
@@ -401,6 +403,103 @@ TEST_F(PageSetupDialog, TheFormHoldsOneValueThatEachControlChanges)
                            "PaperWidth=8.5", "PaperHeight=11", "PaperSource=4", "ColumnsPerSheet=1",
                            "PrintDirection=0", "HorizontalGap=0.125", "VerticalGap=0",
                            "LabelWidth=3.5", "LabelHeight=1"}));
+}
+
+// The line under the previews against a laser that cannot print within a quarter inch of
+// the edge and is stopped besides: it follows each change of the value, says what the
+// printer cannot print and why, leaves the printer's state out, and never stops OK.
+TEST_F(PageSetupDialog, TheWarningLineFollowsTheValueAgainstThePrintersPaper)
+{
+    auto info = std::make_unique<PaperPrinters>();
+    PrinterPaper laser = QuarterInchLaser();
+    laser.state.stopped = true;
+    info->add(QStringLiteral("Office"), laser);
+    info->defaultName = QStringLiteral("Office");
+    SetPrinterInfo(std::move(info));
+    const auto text = [](const char *name, const char *value) {
+        return [name, value](QWidget *d) {
+            child<QLineEdit>(d, name)->setText(QString::fromLatin1(value));
+        };
+    };
+    const QString margins = "Office cannot print so near the edge: ";
+    struct Step {
+        std::function<void(QWidget *)> change;
+        QString warning; // "" for none
+    };
+    struct Case {
+        const char *name;
+        QByteArray stored;
+        QList<Step> steps;
+    };
+    const Case cases[] = {
+        {"margins below the printer's and raised again",
+         "<PaperSize>1</PaperSize>",
+         {{[](QWidget *) {}, ""},
+          {text("txtTopMargin", ".1"), margins + "top 0.1 in (at least 0.25 in)"},
+          {text("txtLeftMargin", "0"), margins
+                                           + "top 0.1 in (at least 0.25 in), left 0 in (at "
+                                             "least 0.25 in)"},
+          {text("txtTopMargin", ".25"), margins + "left 0 in (at least 0.25 in)"},
+          {text("txtGutter", ".5"), ""}}},
+        {"turned to landscape",
+         "<PaperSize>1</PaperSize><RightMargin>.1</RightMargin>",
+         {{[](QWidget *) {}, margins + "right 0.1 in (at least 0.25 in)"},
+          {[](QWidget *d) { child<QRadioButton>(d, "optLandscape")->setChecked(true); },
+           margins + "right 0.1 in (at least 0.25 in)"},
+          {text("txtRightMargin", "1"), ""}}},
+        {"a custom size the printer does not take",
+         "<PaperSize>9</PaperSize>",
+         {{[](QWidget *) {}, ""},
+          // Custom keeps A4's size at first, which the printer has.
+          {[](QWidget *d) { choose(child<QComboBox>(d, "cboPaperSize"), "Custom"); }, ""},
+          {text("txtPaperWidth", "5"), "The custom size 5 in x 11.69 in is not a paper size of "
+                                       "Office"},
+          {[](QWidget *d) { choose(child<QComboBox>(d, "cboPaperSize"), "A4"); }, ""}}},
+        // The stored bin is not offered: the dialog takes the printer's first, which it has.
+        {"a stored bin the printer lacks",
+         "<PaperSize>1</PaperSize><PaperSource>5</PaperSource>",
+         {{[](QWidget *) {}, ""}}},
+        {"a stored label sheet wider than the paper",
+         "<PaperSize>1</PaperSize><ColumnsPerSheet>3</ColumnsPerSheet><LabelWidth>3</LabelWidth>",
+         {{[](QWidget *) {}, "The labels with their margins need 11.25 in across on paper 8.5 in "
+                             "wide"},
+          {text("txtLeftMargin", ".25"), "The labels with their margins need 10.5 in across on "
+                                         "paper 8.5 in wide"}}},
+    };
+    for (const Case &c : cases) {
+        configure(c.stored);
+        frmPageSetup form;
+        ASSERT_TRUE(form.Open(QStringLiteral("Invoice"), QStringLiteral("Office"), store))
+            << c.name;
+        form.show();
+        const auto *line = child<QLabel>(&form, "lblPrinterWarning");
+        for (int i = 0; i < c.steps.size(); ++i) {
+            c.steps[i].change(&form);
+            EXPECT_EQ(line->isVisible(), !c.steps[i].warning.isEmpty()) << c.name << " " << i;
+            EXPECT_EQ(line->text(), c.steps[i].warning) << c.name << " " << i;
+        }
+    }
+    EXPECT_TRUE(messages.texts().isEmpty()) << messages.texts().join('\n').toStdString();
+}
+
+TEST_F(PageSetupDialog, OkSavesWithAWarningShowing)
+{
+    auto info = std::make_unique<PaperPrinters>();
+    info->add(QStringLiteral("Office"), QuarterInchLaser());
+    info->defaultName = QStringLiteral("Office");
+    SetPrinterInfo(std::move(info));
+    const QString file = configure("<PaperSize>1</PaperSize>");
+    EXPECT_TRUE(run(QStringLiteral("Office"), [&](QWidget *d) {
+        child<QTabWidget>(d, "TabControl1")->setCurrentIndex(0);
+        child<QLineEdit>(d, "txtTopMargin")->setText(QStringLiteral(".1"));
+        child<QLineEdit>(d, "txtBottomMargin")->setText(QStringLiteral(".05"));
+        EXPECT_TRUE(child<QLabel>(d, "lblPrinterWarning")->isVisible());
+        Settle();
+        SaveScreenshot(d, QStringLiteral("page-setup-printer-warning"));
+    }));
+    EXPECT_TRUE(saved(file).contains("TopMargin=0.1")) << saved(file).join(' ').toStdString();
+    EXPECT_TRUE(saved(file).contains("BottomMargin=0.05"));
+    EXPECT_TRUE(messages.texts().isEmpty()) << messages.texts().join('\n').toStdString();
 }
 
 } // namespace

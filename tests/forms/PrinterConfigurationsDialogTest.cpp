@@ -11,15 +11,18 @@
 #include "support/DialogDriver.h"
 #include "support/ListedPrinters.h"
 #include "support/MessageRecorder.h"
+#include "support/PaperPrinters.h"
 #include "support/SmallFileSystem.h"
 #include "support/StoreFixture.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QLabel>
 #include <QPushButton>
 #include <QToolBar>
+#include <QToolTip>
 #include <QTreeWidget>
 
 namespace bravcpl5::test {
@@ -372,6 +375,146 @@ TEST_F(PrinterConfigurationsDialog, OnAFullDiskEveryCommandIsWholeOrNothingAndSa
     EXPECT_EQ(form.rows(), store->configurations());
     EXPECT_TRUE(shown(&form).contains("Plain |  | Plain.pcx"))
         << shown(&form).join('\n').toStdString();
+}
+
+// The same store with printers that have paper: each configuration is checked against the
+// printer it prints on, its own else the default one.
+class CheckedPrinterConfigurationsDialog : public PrinterConfigurationsDialog
+{
+protected:
+    void SetUp() override
+    {
+        PrinterConfigurationsDialog::SetUp();
+        auto info = std::make_unique<PaperPrinters>();
+        printers = info.get();
+        printers->add(QStringLiteral("Office-Laser"), QuarterInchLaser());
+        PrinterPaper label;
+        label.sizes = {{QStringLiteral("Shipping Label 4 x 6 in"), 256, 5760, 8640}};
+        label.bins = {{QStringLiteral("Roll"), 256}};
+        printers->add(QStringLiteral("Label-Printer"), label);
+        PrinterPaper jammed = QuarterInchLaser();
+        jammed.state.stopped = true;
+        jammed.state.reasons = QStringList{QStringLiteral("media-jam-error")};
+        printers->add(QStringLiteral("Stopped-Laser"), jammed);
+        printers->defaultName = QStringLiteral("Office-Laser");
+        SetPrinterInfo(std::move(info));
+        for (const Configuration &c : configurations) {
+            host.writeUserFile(QString::fromLatin1(c.name) + ".pcx", configurationXml(c.pageSetup));
+            store->SetPrinterForConfiguration(QString::fromLatin1(c.name),
+                                              QString::fromLatin1(c.printer));
+        }
+    }
+
+    QTreeWidgetItem *item(QWidget *dialog, const char *name)
+    {
+        return grid(dialog)->findItems(QString::fromLatin1(name), Qt::MatchExactly, 0).value(0);
+    }
+    QString line(QWidget *dialog) { return child<QLabel>(dialog, "lblFindings")->text(); }
+
+    struct Configuration {
+        const char *name, *printer;
+        QByteArray pageSetup;
+        QString findings; // the printer cell's tooltip and the line; "" for none
+    };
+    const QList<Configuration> configurations = {
+        {"Legal", "Office-Laser", "<PaperSize>5</PaperSize>",
+         "Legal (8.5 in x 14 in) is not a paper size of Office-Laser"},
+        {"Envelope", "Office-Laser", "<PaperSize>1</PaperSize><PaperSource>5</PaperSource>",
+         "The Envelope bin (5) is not a paper source of Office-Laser"},
+        {"Narrow", "Office-Laser",
+         "<PaperSize>1</PaperSize><TopMargin>.1</TopMargin><LeftMargin>.2</LeftMargin>",
+         "Office-Laser cannot print so near the edge: top 0.1 in (at least 0.25 in), left 0.2 in "
+         "(at least 0.25 in)"},
+        {"Jammed", "Stopped-Laser", "<PaperSize>1</PaperSize>",
+         "Stopped-Laser is stopped\nStopped-Laser needs attention: media-jam-error"},
+        {"Gone", "Old-Printer", "", "Old-Printer is not installed on this workstation"},
+        {"Shipping", "Label-Printer",
+         "<PaperSize>256</PaperSize><PaperWidth>4</PaperWidth><PaperHeight>6</PaperHeight>"
+         "<TopMargin>.1</TopMargin><BottomMargin>.1</BottomMargin><LeftMargin>.1</LeftMargin>"
+         "<RightMargin>.1</RightMargin>",
+         ""},
+        {"Quarter", "Office-Laser",
+         "<PaperSize>1</PaperSize><TopMargin>.25</TopMargin><PaperSource>4</PaperSource>", ""},
+    };
+    PaperPrinters *printers = nullptr;
+};
+
+TEST_F(CheckedPrinterConfigurationsDialog,
+       ARowWithFindingsIsMarkedInItsPrinterCellAndTheLineSaysWhy)
+{
+    frmPrinterConfigurations form;
+    form.SetUp(&library);
+    form.show();
+    Settle();
+    QList<Configuration> rows = configurations;
+    rows += {{"Letter", "Office-Laser", {}, ""}, {"Plain", "", {}, ""}}; // the fixture's own
+    for (const Configuration &c : std::as_const(rows)) {
+        QTreeWidgetItem *row = item(&form, c.name);
+        ASSERT_TRUE(row) << c.name;
+        EXPECT_EQ(row->icon(1).isNull(), c.findings.isEmpty()) << c.name;
+        EXPECT_EQ(row->toolTip(1), c.findings) << c.name;
+        EXPECT_TRUE(row->icon(0).isNull() && row->toolTip(0).isEmpty()) << c.name;
+        select(&form, QString::fromLatin1(c.name));
+        const QString printer = *c.printer ? QString::fromLatin1(c.printer)
+                                           : QStringLiteral("Office-Laser");
+        EXPECT_EQ(line(&form), c.findings.isEmpty() ? QString::fromLatin1(c.name) + " prints on "
+                                                          + printer + " as it is set up."
+                                                    : c.findings)
+            << c.name;
+    }
+    // Each printer was read once for all the rows.
+    EXPECT_EQ(printers->reads, 3);
+
+    select(&form, QStringLiteral("Narrow"));
+    QToolTip::showText(grid(&form)->mapToGlobal(QPoint(0, 0)), item(&form, "Jammed")->toolTip(1),
+                       grid(&form));
+    SaveScreenshot(&form, QStringLiteral("printer-configurations-findings"));
+    for (QWidget *window : QApplication::topLevelWidgets()) {
+        if (window->inherits("QTipLabel") && window->isVisible())
+            SaveScreenshot(window, QStringLiteral("printer-configurations-findings-tooltip"));
+    }
+    QToolTip::hideText();
+}
+
+TEST_F(CheckedPrinterConfigurationsDialog,
+       AssigningAPrinterChecksTheRowAgainAtOnceAndRefreshRereads)
+{
+    MessageRecorder messages;
+    frmPrinterConfigurations form;
+    form.SetUp(&library);
+    form.show();
+    Settle();
+    select(&form, QStringLiteral("Jammed"));
+    struct Case {
+        const char *row, *printer;
+        bool marked;
+    };
+    for (const Case &c :
+         {Case{"Jammed", "Office-Laser", false}, Case{"Letter", "Stopped-Laser", true},
+          Case{"Legal", "Label-Printer", true}, Case{"Gone", "Office-Laser", false},
+          Case{"Quarter", "Label-Printer", true}}) {
+        item(&form, c.row)->setText(1, QString::fromLatin1(c.printer));
+        EXPECT_EQ(store->GetPrinterForConfiguration(QString::fromLatin1(c.row), true), c.printer);
+        EXPECT_EQ(!item(&form, c.row)->icon(1).isNull(), c.marked) << c.row;
+        EXPECT_EQ(!item(&form, c.row)->toolTip(1).isEmpty(), c.marked) << c.row;
+    }
+    // The selected row's line follows its new printer too.
+    select(&form, QStringLiteral("Jammed"));
+    EXPECT_EQ(line(&form), "Jammed prints on Office-Laser as it is set up.");
+    item(&form, "Jammed")->setText(1, QStringLiteral("Stopped-Laser"));
+    EXPECT_EQ(line(&form),
+              "Stopped-Laser is stopped\nStopped-Laser needs attention: media-jam-error");
+
+    // The printer is read once while the dialog is open; Refresh reads it again.
+    printers->printers[QStringLiteral("Stopped-Laser")].state = PrinterState{true, false, true, {}};
+    select(&form, QStringLiteral("Narrow"));
+    EXPECT_FALSE(item(&form, "Jammed")->icon(1).isNull());
+    command(&form, 1002)->trigger();
+    EXPECT_TRUE(item(&form, "Jammed")->icon(1).isNull());
+    EXPECT_TRUE(item(&form, "Letter")->icon(1).isNull());
+    EXPECT_TRUE(line(&form).startsWith("Office-Laser cannot print so near the edge"))
+        << line(&form).toStdString();
+    EXPECT_TRUE(messages.texts().isEmpty()) << messages.texts().join('\n').toStdString();
 }
 
 } // namespace
