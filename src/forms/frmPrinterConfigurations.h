@@ -38,8 +38,6 @@ public:
     void SetUp(Library *owner);
 
     const QList<ConfigurationRow> &rows() const { return m_rows; }
-    // Each row's check, in the rows' order.
-    const QList<ConfigurationCheck> &checks() const { return m_checks; }
 
 protected:
     void firstActivation() override;
@@ -73,8 +71,8 @@ private:
     QList<QAction *> m_commands;
     QPointer<PrinterConfigurations> m_store;
     QList<ConfigurationRow> m_rows;
-    QList<ConfigurationCheck> m_checks;
-    CachedPrinterInfo m_info; // read once while the dialog is open, again by Refresh
+    QList<ConfigurationCheck> m_checks; // each row's, in the rows' order
+    CachedPrinterInfo m_info;           // read once while the dialog is open, again by Refresh
     bool m_loading = false;
 };
 
