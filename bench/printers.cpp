@@ -4,67 +4,19 @@
 // sandboxed cupsd (scripts/cups-sandbox; CUPS_SERVER set), to which it adds queues made from
 // a real office laser's PPD until 150 are installed, and removes them again at the end.
 
+#include "SandboxQueues.h"
+
 #include "printers/CachedPrinterInfo.h"
-#include "support/SandboxCups.h"
 
 #include <QCoreApplication>
-#include <QFile>
-#include <QPrinterInfo>
-#include <QProcess>
 #include <QStandardPaths>
-#include <QTemporaryDir>
 #include <benchmark/benchmark.h>
-#include <cups/ppd.h>
 
 namespace {
 
 using namespace bravcpl5;
 
-constexpr int installedQueues = 150;
-const QString measured = QStringLiteral("Real-HP-LaserJet-4250");
-const QString fallback = QStringLiteral("Office-Laser");
-
-QStringList added;
-
-// The measured printer's PPD, copied for the extra queues.
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wdeprecated-declarations"
-QString printerPpd(const QString &printer)
-{
-    const char *path = cupsGetPPD2(CUPS_HTTP_DEFAULT, printer.toUtf8().constData());
-    return path ? QString::fromLocal8Bit(path) : QString();
-}
-#pragma GCC diagnostic pop
-
-QString measuredPrinter()
-{
-    return QPrinterInfo::availablePrinterNames().contains(measured) ? measured : fallback;
-}
-
-bool addQueues()
-{
-    const QString ppd = printerPpd(measuredPrinter());
-    if (ppd.isEmpty())
-        return false;
-    for (int i = int(QPrinterInfo::availablePrinterNames().size()); i < installedQueues; ++i) {
-        const QString name = QStringLiteral("Bench-Queue-%1").arg(i, 3, 10, QLatin1Char('0'));
-        if (QProcess::execute(QStringLiteral("lpadmin"),
-                              {QStringLiteral("-p"), name, QStringLiteral("-E"),
-                               QStringLiteral("-v"), QStringLiteral("file:///dev/null"),
-                               QStringLiteral("-P"), ppd})
-            != 0)
-            break;
-        added.append(name);
-    }
-    QFile::remove(ppd);
-    return QPrinterInfo::availablePrinterNames().size() >= installedQueues;
-}
-
-void removeQueues()
-{
-    for (const QString &name : std::as_const(added))
-        QProcess::execute(QStringLiteral("lpadmin"), {QStringLiteral("-x"), name});
-}
+using namespace sandbox_queues;
 
 // The four answers the page setup dialog needs of one printer.
 void askForPaper(benchmark::State &state, const PrinterInfo &info, const QString &printer)
@@ -117,8 +69,7 @@ int main(int argc, char **argv)
 {
     QStandardPaths::setTestModeEnabled(true);
     QCoreApplication app(argc, argv);
-    if (!bravcpl5::test::CupsReachable() || !addQueues()) {
-        removeQueues();
+    if (!addQueues()) {
         fprintf(stderr, "bench_printers needs the sandboxed cupsd (scripts/cups-sandbox start "
                         "build/cups-sandbox; "
                         "eval \"$(scripts/cups-sandbox env build/cups-sandbox)\")\n");

@@ -10,6 +10,7 @@
 #include "printing/ConfigurationCommands.h"
 #include "printing/ConfigurationElements.h"
 #include "printing/PageSetup.h"
+#include "printing/PrinterCheck.h"
 #include "printing/PrinterConfigurations.h"
 
 #include <QFile>
@@ -102,7 +103,7 @@ int notSaved(CommandContext &context)
 
 QString DefaultAssignmentName() { return QString::fromLatin1(DefaultPrinterValueName); }
 
-int ListConfigurations(CommandContext &context, bool json)
+int ListConfigurations(CommandContext &context)
 {
     PrinterConfigurations &configurations = typedStore(context);
     const QHash<QString, QString> printers = configurations.printerAssignments();
@@ -117,7 +118,7 @@ int ListConfigurations(CommandContext &context, bool json)
                       row.system ? QStringLiteral("yes") : QStringLiteral("no"), row.file});
     }
     const QString fallback = printers.value(DefaultAssignmentName().toCaseFolded());
-    if (json) {
+    if (context.json) {
         const QJsonObject answer{{"default", fallback}, {"configurations", rows}};
         context.out << QJsonDocument(answer).toJson(QJsonDocument::Indented);
         return Done;
@@ -280,22 +281,41 @@ int DeleteConfiguration(CommandContext &context, const QString &configuration)
                         typedStore(context).deleteConfiguration(configuration), configuration);
 }
 
-int VerifyConfigurations(CommandContext &context)
+int VerifyConfigurations(CommandContext &context, const QString &configuration)
 {
-    const QHash<QString, QString> printers = typedStore(context).printerAssignments();
-    QStringList unassigned;
-    for (const QString &name : configurationNames(context)) {
-        if (printers.value(name.toCaseFolded()).isEmpty())
-            unassigned << name;
+    const QString name = configuration.isEmpty() ? QString()
+                                                 : findConfiguration(context, configuration);
+    if (!configuration.isEmpty() && name.isEmpty())
+        return refuse(
+            context,
+            QStringLiteral("there is no printer configuration named '%1'").arg(configuration));
+    const QList<ConfigurationCheck> checks = typedStore(context).checkConfigurations(
+        CurrentPrinterInfo(), context.withState, name);
+    bool found = false;
+    QJsonArray rows;
+    for (const ConfigurationCheck &check : checks) {
+        found = found || !check.findings.isEmpty();
+        const QString printer = check.printer.isEmpty() ? QStringLiteral("-") : check.printer;
+        if (!context.json && check.findings.isEmpty())
+            context.out << check.configuration << '\t' << printer << "\tok\n";
+        QJsonArray findings;
+        for (const PrinterFinding &finding : check.findings) {
+            if (context.json)
+                findings.append(
+                    QJsonObject{{"kind", FindingKindName(finding.kind)},
+                                {"message", finding.message},
+                                {"values", QJsonObject::fromVariantMap(finding.values)}});
+            else
+                context.out << check.configuration << '\t' << printer << '\t'
+                            << FindingKindName(finding.kind) << '\t' << finding.message << '\n';
+        }
+        rows.append(QJsonObject{{"configuration", check.configuration},
+                                {"printer", check.printer},
+                                {"findings", findings}});
     }
-    if (unassigned.isEmpty()) {
-        context.out << "Every printer configuration has a printer.\n";
-        return Done;
-    }
-    context.out << "Printer configurations without a printer:\n";
-    for (const QString &name : std::as_const(unassigned))
-        context.out << "  " << name << '\n';
-    return Unassigned;
+    if (context.json)
+        context.out << QJsonDocument(rows).toJson(QJsonDocument::Indented);
+    return found ? Findings : Done;
 }
 
 int ExportAssignments(CommandContext &context, const QString &file)

@@ -2,8 +2,8 @@
 
 // The commands of bravcpl5-config, each over a Library created by name for the tool's
 // host. A command prints its answer on `out`, its complaints on `err`, and returns the
-// process's exit status: 0 done, 1 verify found a configuration without a printer, 2 the
-// request could not be carried out (nothing was changed then).
+// process's exit status: 0 done, 1 verify found something a printer cannot print as
+// configured, 2 the request could not be carried out (nothing was changed then).
 
 #include <QStringList>
 #include <QTextStream>
@@ -18,11 +18,15 @@ struct CommandContext {
     bool force = false;
     // import: tells what would change and writes nothing.
     bool dryRun = false;
+    // list, verify: JSON rather than lines.
+    bool json = false;
+    // verify: leaves out whether the printers are stopped, refusing jobs or need attention.
+    bool withState = true;
 };
 
-enum ExitStatus { Done = 0, Unassigned = 1, Refused = 2 };
+enum ExitStatus { Done = 0, Findings = 1, Refused = 2 };
 
-int ListConfigurations(CommandContext &context, bool json);
+int ListConfigurations(CommandContext &context);
 int AssignPrinter(CommandContext &context, const QString &configuration, const QString &printer);
 int UnassignPrinter(CommandContext &context, const QString &configuration);
 int ShowConfiguration(CommandContext &context, const QString &configuration);
@@ -31,7 +35,9 @@ int ShowConfiguration(CommandContext &context, const QString &configuration);
 int RenameConfiguration(CommandContext &context, const QString &configuration, const QString &name);
 int CopyConfiguration(CommandContext &context, const QString &configuration);
 int DeleteConfiguration(CommandContext &context, const QString &configuration);
-int VerifyConfigurations(CommandContext &context);
+// Every configuration (or the one named) checked against the printer it prints on: one
+// line per finding, or "ok".
+int VerifyConfigurations(CommandContext &context, const QString &configuration = QString());
 int ExportAssignments(CommandContext &context, const QString &file);
 // Checks every entry first, then writes all of them in one write or none.
 int ImportAssignments(CommandContext &context, const QString &file);

@@ -27,20 +27,24 @@ const char *const usage = R"(Commands:
   rename NAME NEW            renames NAME's file; its printer goes with it
   copy NAME                  copies NAME into the user folder as the user's own
   delete NAME                deletes NAME's file (not a shared one, nor one without a printer)
-  verify                     exit status 1 when a configuration has no printer
+  verify [--json] [--no-state] [NAME]
+                             every configuration (or NAME) checked against its printer:
+                             one line per finding (configuration, printer, kind, what is
+                             wrong), or ok
   export FILE                this workstation's assignments as JSON
   import [--dry-run] FILE    assignments from an export, all or none
   printers                   this computer's printers with their paper sizes and bins
 
 Exit status:
   0  done
-  1  verify found a configuration without a printer
+  1  verify found something a printer cannot print as configured
   2  refused or failed; nothing was changed)";
 
-// Each command with the number of arguments it takes.
-const QHash<QString, int> commands{
-    {"list", 0},   {"assign", 2}, {"unassign", 1}, {"show", 1},   {"rename", 2},   {"copy", 1},
-    {"delete", 1}, {"verify", 0}, {"export", 1},   {"import", 1}, {"printers", 0},
+// Each command with the least and the most arguments it takes.
+const QHash<QString, std::pair<int, int>> commands{
+    {"list", {0, 0}},   {"assign", {2, 2}}, {"unassign", {1, 1}}, {"show", {1, 1}},
+    {"rename", {2, 2}}, {"copy", {1, 1}},   {"delete", {1, 1}},   {"verify", {0, 1}},
+    {"export", {1, 1}}, {"import", {1, 1}}, {"printers", {0, 0}},
 };
 
 QString setting(const QCommandLineParser &parser, const QCommandLineOption &option,
@@ -102,7 +106,11 @@ int main(int argc, char **argv)
         QStringLiteral("registry"),
         QStringLiteral("Registry file off Windows (BRAVCPL5_REGISTRY)."), QStringLiteral("file"));
     const QCommandLineOption jsonOption(QStringLiteral("json"),
-                                        QStringLiteral("list: JSON rather than a table."));
+                                        QStringLiteral("list, verify: JSON rather than text."));
+    const QCommandLineOption noStateOption(
+        QStringLiteral("no-state"),
+        QStringLiteral("verify: leave out whether the printers are stopped, refusing jobs or "
+                       "need attention."));
     const QCommandLineOption defaultOption(QStringLiteral("default"),
                                            QStringLiteral("assign: the default printer."));
     const QCommandLineOption dryRunOption(
@@ -114,8 +122,8 @@ int main(int argc, char **argv)
         QStringLiteral("import: take configurations and printers this workstation does not "
                        "have; --registry: use a file that is not a registry file."));
     for (const QCommandLineOption &option :
-         {systemOption, userOption, profileOption, registryOption, jsonOption, defaultOption,
-          dryRunOption, forceOption})
+         {systemOption, userOption, profileOption, registryOption, jsonOption, noStateOption,
+          defaultOption, dryRunOption, forceOption})
         parser.addOption(option);
     parser.addPositionalArgument(QStringLiteral("command"),
                                  QStringLiteral("What to do (see above)."));
@@ -130,12 +138,18 @@ int main(int argc, char **argv)
     if (!commands.contains(command))
         return refuse(err, QStringLiteral("unknown command '%1'; see --help").arg(command));
     const bool fallback = command == QLatin1String("assign") && parser.isSet(defaultOption);
-    const int count = commands.value(command) - (fallback ? 1 : 0);
-    if (arguments.size() != count + 1)
-        return refuse(
-            err, QStringLiteral("'%1' takes %2 argument(s); see --help").arg(command).arg(count));
+    const auto [least, most] = commands.value(command);
+    const int shift = fallback ? 1 : 0;
+    if (arguments.size() - 1 < least - shift || arguments.size() - 1 > most - shift)
+        return refuse(err,
+                      QStringLiteral("'%1' takes %2 argument(s); see --help")
+                          .arg(command, least == most
+                                            ? QString::number(least - shift)
+                                            : QStringLiteral("%1 to %2").arg(least).arg(most)));
     if (parser.isSet(dryRunOption) && command != QLatin1String("import"))
         return refuse(err, QStringLiteral("--dry-run is for import only"));
+    if (parser.isSet(noStateOption) && command != QLatin1String("verify"))
+        return refuse(err, QStringLiteral("--no-state is for verify only"));
 
     auto host = std::make_unique<ToolHost>();
     host->settings().systemFolder = setting(parser, systemOption, "BRAVCPL5_SYSTEM_FOLDER");
@@ -161,12 +175,17 @@ int main(int argc, char **argv)
 
     std::unique_ptr<QObject> library(bravcpl5::CreateObject(QStringLiteral("bravcpl5.Library")));
     bravcpl5::late::call(library.get(), "Initialize", {QVariant::fromValue<QObject *>(host.get())});
-    CommandContext context{library.get(), out, err, parser.isSet(forceOption),
-                           parser.isSet(dryRunOption)};
+    CommandContext context{library.get(),
+                           out,
+                           err,
+                           parser.isSet(forceOption),
+                           parser.isSet(dryRunOption),
+                           parser.isSet(jsonOption),
+                           !parser.isSet(noStateOption)};
 
     int status = Refused;
     if (command == QLatin1String("list"))
-        status = ListConfigurations(context, parser.isSet(jsonOption));
+        status = ListConfigurations(context);
     else if (fallback)
         status = AssignPrinter(context, DefaultAssignmentName(), arguments[1]);
     else if (command == QLatin1String("assign"))
@@ -182,7 +201,7 @@ int main(int argc, char **argv)
     else if (command == QLatin1String("delete"))
         status = DeleteConfiguration(context, arguments[1]);
     else if (command == QLatin1String("verify"))
-        status = VerifyConfigurations(context);
+        status = VerifyConfigurations(context, arguments.value(1));
     else if (command == QLatin1String("export"))
         status = ExportAssignments(context, arguments[1]);
     else if (command == QLatin1String("import"))

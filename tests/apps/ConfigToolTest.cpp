@@ -157,8 +157,16 @@ TEST_F(ConfigTool, AssignmentsAreListedVerifiedAndCarriedToAnotherWorkstation)
     EXPECT_EQ(run({"list", "--json"}, "Fresh").out, list.out);
     EXPECT_EQ(run({"verify"}, "Fresh").status, 0);
 
+    // Without a printer of its own, Letter prints on the default one and is checked there.
     EXPECT_EQ(run({"unassign", "Letter"}).status, 0);
-    EXPECT_EQ(run({"verify"}).status, 1);
+    verify = run({"verify", "Letter"});
+    EXPECT_EQ(verify.status, 0) << verify.out.toStdString();
+    EXPECT_EQ(verify.out, "Letter\tOffice-Laser\tok\n");
+    EXPECT_EQ(run({"assign", "--default", "Real-DYMO-LabelWriter-450"}).status, 0);
+    verify = run({"verify", "Letter"});
+    EXPECT_EQ(verify.status, 1) << verify.out.toStdString();
+    EXPECT_TRUE(verify.out.startsWith("Letter\tReal-DYMO-LabelWriter-450\tpaper-not-offered\t"))
+        << verify.out.toStdString();
 }
 
 TEST_F(ConfigTool, ARefusedRequestChangesNothing)
@@ -176,6 +184,9 @@ TEST_F(ConfigTool, ARefusedRequestChangesNothing)
         {"assign", "--default", "Plotter"},
         {"unassign", "Legal"},
         {"show", "Legal"},
+        {"verify", "Legal"},
+        {"verify", "Letter", "Legal"},
+        {"--no-state", "list"},
         {"import", root.filePath("missing.json")},
         {"import", root.filePath("malformed.json")},
         {"import", root.filePath("foreign.json")},
@@ -432,6 +443,108 @@ TEST_F(ConfigTool, RenameCopyAndDeleteFollowTheDialogsRules)
                       + (row[QStringLiteral("system")].toBool() ? "1" : "0");
     EXPECT_EQ(listed, QStringList({"Legal|Label-Printer|system|1", "Letter|Label-Printer|user|0",
                                    "Invoice||user|0", "Shipping - Copy|Label-Printer|user|0"}));
+}
+
+// verify checks each configuration against what its printer (the sandbox's queues made from
+// real PPDs, and a stopped and a rejecting one) really offers, one line or JSON object per
+// finding, and exits 1 while there is any.
+TEST_F(ConfigTool, VerifyChecksEachConfigurationAgainstItsPrinter)
+{
+    const QStringList stateKinds = {"printer-stopped", "printer-not-accepting",
+                                    "printer-attention"};
+    const struct {
+        const char *name;
+        QByteArray pageSetup;
+        const char *printer;
+        QStringList kinds;
+    } cases[] = {
+        {"Letter on a label printer",
+         "<PaperSize>1</PaperSize>",
+         "Real-DYMO-LabelWriter-450",
+         {"paper-not-offered"}},
+        {"Envelope feeder on a DYMO",
+         "<PaperSource>5</PaperSource>",
+         "Real-DYMO-LabelWriter-450",
+         {"bin-not-offered"}},
+        {"Envelope feeder on a Brother",
+         "<PaperSize>9</PaperSize><PaperSource>5</PaperSource>",
+         "Real-Brother-HL-2600CN",
+         {"bin-not-offered"}},
+        {"Margins of 0.05 in",
+         "<PaperSize>1</PaperSize><TopMargin>.05</TopMargin><BottomMargin>.05</BottomMargin>"
+         "<LeftMargin>.05</LeftMargin><RightMargin>.05</RightMargin>",
+         "Real-HP-LaserJet-4250",
+         {"margins-outside-printable-area"}},
+        {"Three 3 in labels across Letter",
+         "<PaperSize>1</PaperSize><ColumnsPerSheet>3</ColumnsPerSheet><LabelWidth>3</LabelWidth>"
+         "<LabelHeight>1</LabelHeight><HorizontalGap>.125</HorizontalGap>",
+         "Real-HP-LaserJet-4250",
+         {"labels-do-not-fit"}},
+        {"On a stopped printer", "<PaperSize>1</PaperSize>", "Stopped-Laser", {"printer-stopped"}},
+        {"On a rejecting printer",
+         "<PaperSize>1</PaperSize>",
+         "Rejecting-Laser",
+         {"printer-not-accepting"}},
+        {"Matching",
+         "<PaperSize>1</PaperSize><PaperSource>7</PaperSource>",
+         "Real-HP-LaserJet-4250",
+         {}},
+        {"Without a printer", "<PaperSize>1</PaperSize>", nullptr, {"no-printer"}},
+    };
+    QFile::remove(path("system/Letter.pcx"));
+    QFile::remove(path("user/Shipping Labels.pcx"));
+    QJsonObject assignments;
+    for (const auto &c : cases) {
+        write(QStringLiteral("user/%1.pcx").arg(c.name), "<PrinterConfiguration><PageSetup>"
+                                                             + c.pageSetup
+                                                             + "</PageSetup>"
+                                                               "</PrinterConfiguration>");
+        if (c.printer)
+            assignments.insert(c.name, c.printer);
+    }
+    ASSERT_EQ(run({"import", exportFile("assignments.json", assignments)}).status, 0);
+
+    const ToolRun all = run({"verify"});
+    EXPECT_EQ(all.status, 1);
+    for (const auto &c : cases) {
+        const QString printer = c.printer ? c.printer : "-";
+        for (const QString &kind : c.kinds.isEmpty() ? QStringList{"ok"} : c.kinds)
+            EXPECT_TRUE(all.out.contains(QStringLiteral("%1\t%2\t%3").arg(c.name, printer, kind)))
+                << c.name << ": " << kind.toStdString() << " in\n"
+                << all.out.toStdString();
+    }
+    for (const bool withState : {true, false}) {
+        for (const auto &c : cases) {
+            QStringList expected = c.kinds;
+            if (!withState)
+                expected.removeIf([&](const QString &kind) { return stateKinds.contains(kind); });
+            const ToolRun one = run(withState
+                                        ? QStringList{"verify", "--json", c.name}
+                                        : QStringList{"verify", "--json", "--no-state", c.name});
+            EXPECT_EQ(one.status, expected.isEmpty() ? 0 : 1) << c.name << ": " << withState;
+            const QJsonArray rows = QJsonDocument::fromJson(one.out.toUtf8()).array();
+            ASSERT_EQ(rows.size(), 1) << c.name << ": " << one.out.toStdString();
+            const QJsonObject row = rows[0].toObject();
+            EXPECT_EQ(row["configuration"].toString(), c.name);
+            EXPECT_EQ(row["printer"].toString(), c.printer ? c.printer : "");
+            QStringList kinds;
+            for (const QJsonValue &finding : row["findings"].toArray()) {
+                kinds << finding["kind"].toString();
+                EXPECT_FALSE(finding["message"].toString().isEmpty()) << c.name;
+            }
+            EXPECT_EQ(kinds, expected)
+                << c.name << " (state " << withState << "): " << one.out.toStdString();
+        }
+    }
+
+    // The one that matches its printer is the only one left: verify is content.
+    for (const auto &c : cases) {
+        if (!c.kinds.isEmpty())
+            QFile::remove(path(QStringLiteral("user/%1.pcx").arg(c.name)));
+    }
+    const ToolRun matching = run({"verify"});
+    EXPECT_EQ(matching.status, 0) << matching.out.toStdString();
+    EXPECT_EQ(matching.out, "Matching\tReal-HP-LaserJet-4250\tok\n");
 }
 
 // The library's log, switched on as Qt's users switch it on, names a malformed file and
