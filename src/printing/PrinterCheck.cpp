@@ -24,7 +24,9 @@ QString inches(double twips)
 
 QString sizeText(const QSizeF &twips)
 {
-    return QStringLiteral("%1 x %2").arg(inches(twips.width()), inches(twips.height()));
+    return QStringLiteral("%1 x %2 in")
+        .arg(twips.width() / TwipsPerInch, 0, 'g', 4)
+        .arg(twips.height() / TwipsPerInch, 0, 'g', 4);
 }
 
 double twipsOf(const QString &inchesText, double fallback = 0)

@@ -452,7 +452,7 @@ TEST_F(PageSetupDialog, TheWarningLineFollowsTheValueAgainstThePrintersPaper)
          {{[](QWidget *) {}, ""},
           // Custom keeps A4's size at first, which the printer has.
           {[](QWidget *d) { choose(child<QComboBox>(d, "cboPaperSize"), "Custom"); }, ""},
-          {text("txtPaperWidth", "5"), "The custom size 5 in x 11.69 in is not a paper size of "
+          {text("txtPaperWidth", "5"), "The custom size 5 x 11.69 in is not a paper size of "
                                        "Office"},
           {[](QWidget *d) { choose(child<QComboBox>(d, "cboPaperSize"), "A4"); }, ""}}},
         // The stored bin is not offered: the dialog takes the printer's first, which it has.

@@ -418,7 +418,7 @@ protected:
     };
     const QList<Configuration> configurations = {
         {"Legal", "Office-Laser", "<PaperSize>5</PaperSize>",
-         "Legal (8.5 in x 14 in) is not a paper size of Office-Laser"},
+         "Legal (8.5 x 14 in) is not a paper size of Office-Laser"},
         {"Envelope", "Office-Laser", "<PaperSize>1</PaperSize><PaperSource>5</PaperSource>",
          "The Envelope bin (5) is not a paper source of Office-Laser"},
         {"Narrow", "Office-Laser",
