@@ -5,12 +5,16 @@
 #include "SampleHost.h"
 
 #include "library/LateBinding.h"
+#include "library/Messages.h"
+#include "printing/PrinterCheck.h"
+#include "printing/PrinterConfigurations.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QHeaderView>
 #include <QMenuBar>
 #include <QStatusBar>
+#include <QStyle>
 #include <QToolBar>
 #include <QTreeWidget>
 
@@ -102,8 +106,10 @@ void MainWindow::addReportCommands()
     const ReportOutputContext context{m_library, m_host, this};
     add(QStringLiteral("Pre&view"), QKeySequence(Qt::CTRL | Qt::Key_F2), false,
         [this, context]() { PreviewReport(context, *currentReport()); });
-    add(QStringLiteral("&Print"), QKeySequence::Print, false,
-        [this, context]() { PrintReport(context, *currentReport()); });
+    add(QStringLiteral("&Print"), QKeySequence::Print, false, [this, context]() {
+        if (confirmPrint())
+            PrintReport(context, *currentReport());
+    });
     add(QStringLiteral("Print to P&DF..."), {}, false,
         [this, context]() { PrintReportToPdf(context, *currentReport(), m_outputFolder); });
     reportMenu->addSeparator();
@@ -133,6 +139,30 @@ void MainWindow::updateActions()
         action->setEnabled(report);
     for (QAction *action : std::as_const(m_generalReport))
         action->setEnabled(report && report->kind == DealerReport::Kind::General);
+    updateStatus();
+}
+
+void MainWindow::updateStatus()
+{
+    const int row = m_list->indexOfTopLevelItem(m_list->currentItem());
+    const QString findings = m_findings.value(row);
+    statusBar()->showMessage(
+        findings.isEmpty()
+            ? m_status
+            : QStringLiteral("%1 cannot be printed as configured: %2")
+                  .arg(m_reports[row].name, QString(findings).replace(u'\n', QLatin1String("; "))));
+}
+
+bool MainWindow::confirmPrint()
+{
+    const int row = m_list->indexOfTopLevelItem(m_list->currentItem());
+    const QString findings = m_findings.value(row);
+    return findings.isEmpty()
+           || ShowMessage(QStringLiteral("The printer cannot print %1 as configured:\n%2\n\nPrint "
+                                         "anyway?")
+                              .arg(m_reports[row].name, findings),
+                          QMessageBox::Warning, QMessageBox::Yes | QMessageBox::No, this)
+                  == QMessageBox::Yes;
 }
 
 // ShowGeneralReportFilters or ShowGeneralReportFields on the report's configuration file,
@@ -180,6 +210,15 @@ void MainWindow::verifyPrinterConfigurations()
 void MainWindow::refresh()
 {
     QObject *configurations = store(*this);
+    // Every configuration against its printer at once, each printer read once.
+    QHash<QString, QString> findings; // by case-folded configuration name
+    if (auto *checked = qobject_cast<PrinterConfigurations *>(configurations)) {
+        for (const ConfigurationCheck &check : checked->checkConfigurations(CurrentPrinterInfo()))
+            if (!check.findings.isEmpty())
+                findings.insert(check.configuration.toCaseFolded(),
+                                DescribeFindings(check.findings));
+    }
+    m_findings.clear();
     for (int row = 0; row < m_reports.size(); ++row) {
         const QString configuration = PrinterConfigurationOf(m_library, m_reports[row]);
         // Quietly: the list says what Print would find, without a message per row.
@@ -193,6 +232,11 @@ void MainWindow::refresh()
                                      : use == QLatin1String("(Default)")
                                          ? QStringLiteral("%1 (default)").arg(printer)
                                          : printer);
+        m_findings << findings.value(configuration.toCaseFolded());
+        item->setIcon(PrinterColumn, m_findings.last().isEmpty()
+                                         ? QIcon()
+                                         : style()->standardIcon(QStyle::SP_MessageBoxWarning));
+        item->setToolTip(PrinterColumn, m_findings.last());
     }
 
     QStringList without;
@@ -208,20 +252,20 @@ void MainWindow::refresh()
         else
             ++withDefault;
     }
-    QString status;
     if (!without.isEmpty())
-        status = QStringLiteral(
-                     "%1 printer configuration(s) have no printer (%2): Settings > Printer "
-                     "Configurations assigns one.")
-                     .arg(without.size())
-                     .arg(without.join(QStringLiteral(", ")));
+        m_status = QStringLiteral(
+                       "%1 printer configuration(s) have no printer (%2): Settings > Printer "
+                       "Configurations assigns one.")
+                       .arg(without.size())
+                       .arg(without.join(QStringLiteral(", ")));
     else if (withDefault > 0)
-        status = QStringLiteral(
-                     "Every printer configuration has a printer; %1 print to the default printer.")
-                     .arg(withDefault);
+        m_status =
+            QStringLiteral(
+                "Every printer configuration has a printer; %1 print to the default printer.")
+                .arg(withDefault);
     else
-        status = QStringLiteral("Every printer configuration has a printer of its own.");
-    statusBar()->showMessage(status);
+        m_status = QStringLiteral("Every printer configuration has a printer of its own.");
+    updateStatus();
 }
 
 void MainWindow::restartLibrary()

@@ -4,6 +4,9 @@
 // printer configuration and the printer each prints with, commands to preview, print or
 // export the selected one and to edit its filters, fields and layout, the workstation's
 // settings dialogs, and a status line saying whether every configuration has a printer.
+// A report whose printer cannot print its configuration as stored (paper, bin, margins,
+// labels, or the printer not ready) is marked in the list, named in the status line when
+// selected, and printed only when the dealer says so.
 // What the library's objects hold is for developers, in Help > Diagnostics.
 
 #include "DealerReports.h"
@@ -61,6 +64,10 @@ public:
 private:
     const DealerReport *currentReport() const;
     void updateActions();
+    void updateStatus();
+    // Whether to print the current report: at once when its printer can print it, else when
+    // the dealer, told why not, still wants to.
+    bool confirmPrint();
     void addReportCommands();
     void showReportDialog(const char *member);
     void editLayout();
@@ -69,6 +76,8 @@ private:
     SampleHost *m_host;
     QString m_outputFolder;
     QList<DealerReport> m_reports;
+    QStringList m_findings; // by row: what the printer cannot print, "" for nothing
+    QString m_status;       // the status line when no report with findings is selected
     QTreeWidget *m_list;
     DiagnosticsWindow *m_diagnostics;
     QList<QAction *> m_anyReport, m_generalReport;
