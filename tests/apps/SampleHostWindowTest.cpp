@@ -106,7 +106,7 @@ TEST_F(SampleHostWindow, MarksAndNamesAReportItsPrinterCannotPrint)
     const QTreeWidgetItem *marked = list->topLevelItem(labels);
     EXPECT_FALSE(marked->icon(printerColumn).isNull());
     EXPECT_EQ(marked->toolTip(printerColumn),
-              "Letter / ANSI A (8.5 in x 11 in) is not a paper size of Labels\n"
+              "Letter / ANSI A (8.5 x 11 in) is not a paper size of Labels\n"
               "The Automatic bin (7) is not a paper source of Labels");
     EXPECT_TRUE(list->topLevelItem(quote)->icon(printerColumn).isNull());
     EXPECT_EQ(list->topLevelItem(quote)->toolTip(printerColumn), QString());
@@ -114,7 +114,7 @@ TEST_F(SampleHostWindow, MarksAndNamesAReportItsPrinterCannotPrint)
     window->selectReport(labels);
     EXPECT_EQ(window->statusBar()->currentMessage(),
               "Product Labels cannot be printed as configured: "
-              "Letter / ANSI A (8.5 in x 11 in) is not a paper size of Labels; "
+              "Letter / ANSI A (8.5 x 11 in) is not a paper size of Labels; "
               "The Automatic bin (7) is not a paper source of Labels");
     window->selectReport(quote);
     EXPECT_EQ(window->statusBar()->currentMessage(),
@@ -131,7 +131,7 @@ TEST_F(SampleHostWindow, PrintingAReportItsPrinterCannotPrintAsksFirst)
     ASSERT_EQ(recorder.messages().size(), 1);
     EXPECT_EQ(recorder.texts().first(),
               "The printer cannot print Product Labels as configured:\n"
-              "Letter / ANSI A (8.5 in x 11 in) is not a paper size of Labels\n"
+              "Letter / ANSI A (8.5 x 11 in) is not a paper size of Labels\n"
               "The Automatic bin (7) is not a paper source of Labels\n\nPrint anyway?");
     EXPECT_EQ(recorder.messages().first().buttons, QMessageBox::Yes | QMessageBox::No);
 }
