@@ -177,17 +177,18 @@ struct Mapping {
     double bottomMargin = 0;
 };
 
-// One direction of the sheet: a label of `size` every `step`, `count` of them from `start`,
-// on a sheet of `paper`; `checked` is the number of labels the preview's fit check counts in
-// this direction. The label is made smaller by what the file's rounding lets labels overlap
-// or run off the sheet, and by the fit check's allowance, so that the labels keep their
-// places; the gap takes up what the label gives.
+// What one direction of the sheet gives the page setup, in inches.
 struct Axis {
     double size = 0;
     double gap = 0;
     double endMargin = 0;
 };
 
+// One direction of the sheet: a label of `size` every `step`, `count` of them from `start`,
+// on a sheet of `paper`; `checked` is the number of labels the preview's fit check counts in
+// this direction. The label is made smaller by what the file's rounding lets labels overlap
+// or run off the sheet, and by the fit check's allowance, so that the labels keep their
+// places; the gap takes up what the label gives.
 std::variant<Axis, QString> axis(double size, double step, int count, double start, double paper,
                                  int checked)
 {
@@ -211,10 +212,8 @@ std::variant<Axis, QString> axis(double size, double step, int count, double sta
     Axis a;
     a.size = size - shrink;
     a.gap = count > 1 ? pitch - a.size : 0;
-    a.endMargin = paper
-                  - std::max(extent - shrink,
-                             count > 1 ? checkedExtent - shrink : checkedExtent - checked * shrink)
-                  - fitAllowance;
+    const double checkedAfter = checkedExtent - perShrink * shrink;
+    a.endMargin = std::max(0.0, paper - std::max(extent - shrink, checkedAfter) - fitAllowance);
     return a;
 }
 
@@ -331,18 +330,17 @@ int naturalCompare(const QString &a, const QString &b)
     qsizetype j = 0;
     while (i < a.size() && j < b.size()) {
         if (a[i].isDigit() && b[j].isDigit()) {
-            const qsizetype si = i;
-            const qsizetype sj = j;
-            while (si < a.size() && a[si] == u'0' && i + 1 < a.size() && a[i + 1].isDigit())
-                ++i;
-            while (sj < b.size() && b[j] == u'0' && j + 1 < b.size() && b[j + 1].isDigit())
-                ++j;
             qsizetype ei = i;
             qsizetype ej = j;
             while (ei < a.size() && a[ei].isDigit())
                 ++ei;
             while (ej < b.size() && b[ej].isDigit())
                 ++ej;
+            // Leading zeros do not count: "007" and "7" are the same number.
+            while (i + 1 < ei && a[i] == u'0')
+                ++i;
+            while (j + 1 < ej && b[j] == u'0')
+                ++j;
             if (ei - i != ej - j)
                 return ei - i < ej - j ? -1 : 1;
             if (const int c = QStringView(a).sliced(i, ei - i).compare(
@@ -481,7 +479,7 @@ LabelDatabase LoadLabelProducts(const QStringList &folders)
         }
     }
     database.products = resolveEquivalents(std::move(all));
-    std::sort(database.products.begin(), database.products.end(),
+    std::stable_sort(database.products.begin(), database.products.end(),
               [](const LabelProduct &a, const LabelProduct &b) {
                   if (const int c = naturalCompare(a.brand, b.brand); c != 0)
                       return c < 0;
@@ -503,7 +501,7 @@ QList<LabelProduct> ParseLabelTemplates(const QByteArray &text,
 
 QList<qsizetype> FilterLabelProducts(const QList<LabelProduct> &products, const QString &search)
 {
-    const QStringList words = search.split(u' ', Qt::SkipEmptyParts);
+    const QStringList words = search.simplified().split(u' ', Qt::SkipEmptyParts);
     QList<qsizetype> found;
     found.reserve(products.size());
     for (qsizetype i = 0; i < products.size(); ++i) {
