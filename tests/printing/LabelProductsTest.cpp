@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QFile>
 #include <QMap>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 #include <iostream>
@@ -194,7 +195,7 @@ TEST(LabelProducts, FilteringFindsEveryWordInBrandPartOrDescription)
         const char *search;
         const char *mustFind; // "" for nothing found
     } cases[] = {
-        {"5160", "Avery 5160"},    {"avery 5160", "Avery 5160"}, {"  AVERY   5160 ", "Avery 5160"},
+        {"5160", "Avery 5160"},    {"avery 5160", "Avery 5160"}, {" AVERY\t 5160\n", "Avery 5160"},
         {"address", "Avery 5160"}, {"herma 4283", "Herma 4283"}, {"l7160", "Avery L7160"},
         {"5160 nosuchword", ""},
     };
@@ -206,7 +207,7 @@ TEST(LabelProducts, FilteringFindsEveryWordInBrandPartOrDescription)
         for (qsizetype i : found) {
             names.append(products[i].name());
             const LabelProduct &p = products[i];
-            for (const QString &word : search.split(u' ', Qt::SkipEmptyParts))
+            for (const QString &word : search.simplified().split(u' ', Qt::SkipEmptyParts))
                 EXPECT_TRUE((p.brand + u' ' + p.part + u' ' + p.description)
                                 .contains(word, Qt::CaseInsensitive))
                     << p.name().toStdString();
@@ -273,6 +274,7 @@ TEST(LabelProducts, HostileTemplateFilesAreSkippedAndTheRestLoads)
          templates(QByteArray("<a>").repeated(100000) + QByteArray("</a>").repeated(100000)),
          {}},
         {"not templates", "<Glabels-paper-sizes/>", {}},
+        {"huge", templates(QByteArray(17 * 1024 * 1024, ' ')), {}},
         {"equivalent loop",
          templates("<Template brand=\"Hostile\" part=\"A\" equiv=\"B\"/>"
                    "<Template brand=\"Hostile\" part=\"B\" equiv=\"A\"/>"
@@ -316,6 +318,55 @@ TEST(LabelProducts, HostileTemplateFilesAreSkippedAndTheRestLoads)
     const LabelDatabase absurd = loadBeside(cases[std::size(cases) - 1].text);
     EXPECT_EQ(find(absurd, QStringLiteral("Hostile 7"))->notRepresentable,
               QStringLiteral("labels beyond the sheet"));
+}
+
+TEST(LabelProducts, LengthsReadInEveryUnitTheFilesUse)
+{
+    const QHash<QString, QSizeF> papers = {{QStringLiteral("US-Letter"), QSizeF(8.5, 11)}};
+    // Each the same inch; a length without a unit is in points.
+    for (const char *length : {"1in", "25.4mm", "2.54cm", "72pt", "6pc", "72", " 1in "}) {
+        SCOPED_TRACE(length);
+        const QByteArray l(length);
+        const QList<LabelProduct> products = ParseLabelTemplates(
+            templates(sheet("1", "size=\"US-Letter\"", "width=\"" + l + "\" height=\"" + l + "\"",
+                            "<Layout nx=\"2\" ny=\"3\" x0=\"" + l + "\" y0=\"" + l + "\" dx=\"" + l
+                                + "\" dy=\"" + l + "\"/>")),
+            papers);
+        ASSERT_EQ(products.size(), 1);
+        EXPECT_NEAR(products[0].labelInches.width(), 1, 1e-9);
+        EXPECT_NEAR(products[0].labelInches.height(), 1, 1e-9);
+        EXPECT_EQ(products[0].layouts, QList<LabelLayout>({{2, 3, 1, 1, 1, 1}}));
+        EXPECT_EQ(products[0].paperName, QStringLiteral("US-Letter"));
+    }
+}
+
+TEST(LabelProducts, TheUsersOwnTemplatesAreReadBesideTheSystemsAndTheHostsFolderAlone)
+{
+    if (!QFileInfo(systemFolder).isDir())
+        GTEST_SKIP() << "glabels-data is not installed (scripts/install-deps)";
+    const QString userFolder = QStandardPaths::writableLocation(
+                                   QStandardPaths::GenericConfigLocation)
+                               + QStringLiteral("/libglabels-3.0/templates");
+    ASSERT_TRUE(QDir().mkpath(userFolder));
+    QFile file(userFolder + QStringLiteral("/Mine_1.template"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("<?xml version=\"1.0\"?><Glabels-templates>"
+               "<Template brand=\"Avery\" part=\"99160\" equiv=\"5160\" _description=\"Mine\"/>"
+               "</Glabels-templates>");
+    file.close();
+
+    const QStringList folders = LabelTemplateFolders();
+    EXPECT_EQ(folders.mid(0, 2), QStringList({systemFolder, userFolder}));
+    const LabelDatabase database = LoadLabelProducts(folders);
+    const LabelProduct *mine = find(database, QStringLiteral("Avery 99160"));
+    ASSERT_TRUE(mine);
+    EXPECT_EQ(mine->description, QStringLiteral("Mine"));
+    EXPECT_EQ(mine->layouts, find(database, QStringLiteral("Avery 5160"))->layouts);
+    EXPECT_EQ(mine->paperName, QStringLiteral("US Letter"));
+    EXPECT_TRUE(QDir(userFolder).removeRecursively());
+
+    EXPECT_EQ(LabelTemplateFolders(QStringLiteral("/host/labels")),
+              QStringList({QStringLiteral("/host/labels")}));
 }
 
 } // namespace
