@@ -1,5 +1,6 @@
-// A gLabels template file: any bytes give products or none, and every product that says it
-// fits a page setup maps to one, and every other is refused.
+// A gLabels template file: any bytes give products or none; every product that says it fits
+// a page setup maps to one and every other is refused (equivalents are resolved only when
+// the folders are loaded, so they have nothing to map yet); a product's name finds it.
 
 #include "printing/LabelProducts.h"
 
@@ -17,7 +18,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     const QList<bravcpl5::LabelProduct> products = bravcpl5::ParseLabelTemplates(text, papers);
     for (const bravcpl5::LabelProduct &product : products) {
         bravcpl5::PageSetup setup;
-        if (bravcpl5::ApplyLabelProduct(product, setup) != product.notRepresentable.isEmpty())
+        const bool fits = product.equivalentOf.isEmpty() && product.notRepresentable.isEmpty();
+        if (bravcpl5::ApplyLabelProduct(product, setup) != fits)
             __builtin_trap();
         if (!bravcpl5::FilterLabelProducts(products, product.name()).size())
             __builtin_trap();
