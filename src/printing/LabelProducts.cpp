@@ -480,11 +480,11 @@ LabelDatabase LoadLabelProducts(const QStringList &folders)
     }
     database.products = resolveEquivalents(std::move(all));
     std::stable_sort(database.products.begin(), database.products.end(),
-              [](const LabelProduct &a, const LabelProduct &b) {
-                  if (const int c = naturalCompare(a.brand, b.brand); c != 0)
-                      return c < 0;
-                  return naturalCompare(a.part, b.part) < 0;
-              });
+                     [](const LabelProduct &a, const LabelProduct &b) {
+                         if (const int c = naturalCompare(a.brand, b.brand); c != 0)
+                             return c < 0;
+                         return naturalCompare(a.part, b.part) < 0;
+                     });
     return database;
 }
 

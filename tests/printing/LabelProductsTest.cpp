@@ -3,6 +3,7 @@
 
 #include "printing/LabelProducts.h"
 #include "library/ValueRules.h"
+#include "library/Xml.h"
 
 #include <QDir>
 #include <QFile>
@@ -186,6 +187,41 @@ TEST(LabelProducts, EverySingleLayoutSheetMapsWithItsLabelsWhereTheProductHasThe
     EXPECT_GT(mapped, 1200);
 }
 
+// The fields hold texts in the user's locale, as typed, and the file keeps them so: the
+// numbers read back are the product's in every locale.
+TEST(LabelProducts, AMappedProductIsSavedAsItsNumbersInEveryLocale)
+{
+    if (!QFileInfo(systemFolder).isDir())
+        GTEST_SKIP() << "glabels-data is not installed (scripts/install-deps)";
+    const LabelProduct *avery = find(installed(), QStringLiteral("Avery 5160"));
+    ASSERT_TRUE(avery);
+    const QLocale original;
+    for (const char *locale : {"C", "de_DE", "ja_JP", "ar_EG"}) {
+        SCOPED_TRACE(locale);
+        QLocale::setDefault(QLocale(QString::fromLatin1(locale)));
+        PageSetup setup;
+        ASSERT_TRUE(ApplyLabelProduct(*avery, setup));
+        const XmlDocumentPtr document = CreateXmlDocument(QStringLiteral("PrinterConfiguration"));
+        AppendChildElement(QStringLiteral("PageSetup"), document->document_element());
+        ASSERT_TRUE(setup.write(*document));
+        const pugi::xml_node saved = document->document_element().child("PageSetup");
+        const auto stored = [&](const char *name) {
+            return QString::fromUtf8(saved.child(name).text().get());
+        };
+        EXPECT_EQ(stored("PaperSize"), QStringLiteral("1"));
+        EXPECT_EQ(stored("ColumnsPerSheet"), QStringLiteral("3"));
+        const struct {
+            const char *element;
+            float inches;
+        } lengths[] = {{"LabelWidth", 2.625f},      {"LabelHeight", 1},
+                       {"HorizontalGap", 0.15625f}, {"VerticalGap", 0},
+                       {"LeftMargin", 0.15625f},    {"TopMargin", 0.5f}};
+        for (const auto &l : lengths)
+            EXPECT_EQ(values::textToSingle(stored(l.element)), l.inches) << l.element;
+    }
+    QLocale::setDefault(original);
+}
+
 TEST(LabelProducts, FilteringFindsEveryWordInBrandPartOrDescription)
 {
     if (!QFileInfo(systemFolder).isDir())
@@ -338,6 +374,22 @@ TEST(LabelProducts, LengthsReadInEveryUnitTheFilesUse)
         EXPECT_EQ(products[0].layouts, QList<LabelLayout>({{2, 3, 1, 1, 1, 1}}));
         EXPECT_EQ(products[0].paperName, QStringLiteral("US-Letter"));
     }
+}
+
+// gLabels' newer files have continuous rolls; the installed package has none yet.
+TEST(LabelProducts, ARollIsListedButCannotFillAPageSetup)
+{
+    const QList<LabelProduct> products = ParseLabelTemplates(
+        templates("<Template brand=\"Hostile\" part=\"R\" size=\"roll\" width=\"62mm\">"
+                  "<Label-continuous id=\"0\" width=\"62mm\"/></Template>"),
+        {});
+    ASSERT_EQ(products.size(), 1);
+    EXPECT_EQ(products[0].shape, QStringLiteral("continuous"));
+    EXPECT_NEAR(products[0].paperInches.width(), 62 / 25.4, 1e-9);
+    EXPECT_EQ(products[0].notRepresentable, QStringLiteral("a continuous roll"));
+    PageSetup setup;
+    EXPECT_FALSE(ApplyLabelProduct(products[0], setup));
+    EXPECT_EQ(setup, PageSetup());
 }
 
 TEST(LabelProducts, TheUsersOwnTemplatesAreReadBesideTheSystemsAndTheHostsFolderAlone)
