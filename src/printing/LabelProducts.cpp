@@ -32,6 +32,9 @@ constexpr double fitAllowance = 0.001;
 // millimetres and points); the page setup's label is made that much smaller.
 constexpr double maxShrink = 0.01;
 
+// No more of a file is read again for a log line's line number than a settings file may hold.
+constexpr qint64 maxTextForLines = 16 * 1024 * 1024;
+
 // Where a template came from, for log lines: the file, and its text to find line numbers in
 // (a file's is read when a line is first needed, which a sound file never needs).
 struct Source {
@@ -43,7 +46,7 @@ struct Source {
         if (text.isEmpty() && !path.isEmpty()) {
             QFile file(path);
             if (file.open(QIODevice::ReadOnly))
-                text = file.read(16 * 1024 * 1024);
+                text = file.read(maxTextForLines);
         }
         const ptrdiff_t offset = node.offset_debug();
         const QString name = path.isEmpty() ? QStringLiteral("template text") : path;
