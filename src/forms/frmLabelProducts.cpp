@@ -5,7 +5,9 @@
 #include <QAbstractTableModel>
 #include <QDir>
 #include <QKeyEvent>
+#include <QSet>
 #include <optional>
+#include <vector>
 
 namespace bravcpl5 {
 
@@ -20,14 +22,28 @@ public:
         : QAbstractTableModel(parent), m_products(products)
     {}
 
+    // The products the search finds, and those declared equivalent to them: a dealer who
+    // types "5160" is shown every sheet sold as the same.
     void filter(const QString &search)
     {
+        std::vector<bool> listed(m_products.size(), false);
+        QSet<QString> found;
+        for (qsizetype index : FilterLabelProducts(m_products, search)) {
+            listed[index] = true;
+            found.insert(m_products[index].name());
+        }
         beginResetModel();
-        m_rows = FilterLabelProducts(m_products, search);
+        m_rows.clear();
+        for (qsizetype index = 0; index < m_products.size(); ++index) {
+            const QString &original = m_products[index].equivalentOf;
+            if (listed[index] || (!original.isEmpty() && found.contains(original)))
+                m_rows.append(index);
+        }
         endResetModel();
     }
     qsizetype productAt(int row) const { return m_rows[row]; }
     bool usable(int row) const { return m_products[m_rows[row]].notRepresentable.isEmpty(); }
+    const QString &part(int row) const { return m_products[m_rows[row]].part; }
 
     int rowCount(const QModelIndex &parent = {}) const override
     {
@@ -68,7 +84,9 @@ public:
         case Part:
             return product.part;
         case Description:
-            return product.description;
+            if (product.equivalentOf.isEmpty())
+                return product.description;
+            return product.description + QStringLiteral(", as ") + product.equivalentOf;
         case Sheet:
             return sheetText(product);
         }
@@ -85,17 +103,28 @@ public:
     }
 
 private:
-    // The sheet's name, else its size; a roll by its width.
+    static QString sizeText(const QSizeF &inches)
+    {
+        return QStringLiteral("%1 x %2 in")
+            .arg(inches.width(), 0, 'g', 4)
+            .arg(inches.height(), 0, 'g', 4);
+    }
+
+    // The sheet's name, else its size (a roll by its width), and the labels it holds.
     static QString sheetText(const LabelProduct &product)
     {
-        if (!product.paperName.isEmpty())
-            return product.paperName;
         const QSizeF &sheet = product.paperInches;
-        if (sheet.height() <= 0)
-            return QStringLiteral("Roll %1 in wide").arg(sheet.width(), 0, 'g', 4);
-        return QStringLiteral("%1 x %2 in")
-            .arg(sheet.width(), 0, 'g', 4)
-            .arg(sheet.height(), 0, 'g', 4);
+        QString text = !product.paperName.isEmpty() ? product.paperName
+                       : sheet.height() <= 0
+                           ? QStringLiteral("Roll %1 in wide").arg(sheet.width(), 0, 'g', 4)
+                           : sizeText(sheet);
+        if (product.layouts.size() == 1) {
+            const LabelLayout &layout = product.layouts.first();
+            text += QStringLiteral(", %1 of %2")
+                        .arg(layout.nx * layout.ny)
+                        .arg(sizeText(product.labelInches));
+        }
+        return text;
     }
 
     const QList<LabelProduct> &m_products;
@@ -169,19 +198,25 @@ void frmLabelProducts::txtSearch_Change()
 {
     if (!m_list)
         return;
-    m_list->filter(ui->txtSearch->text());
-    // The first product that can be chosen is current, so that Enter takes it.
+    const QString search = ui->txtSearch->text();
+    m_list->filter(search);
+    // The first product that can be chosen is current, so that Enter takes it; the first
+    // whose part number was typed in full comes before it ("5160" takes Avery 5160).
+    const QStringList words = search.split(u' ', Qt::SkipEmptyParts);
     std::optional<int> first;
+    std::optional<int> typed;
     int usable = 0;
     for (int row = 0; row < m_list->rowCount(); ++row) {
-        if (m_list->usable(row)) {
-            ++usable;
-            if (!first)
-                first = row;
-        }
+        if (!m_list->usable(row))
+            continue;
+        ++usable;
+        if (!first)
+            first = row;
+        if (!typed && words.contains(m_list->part(row), Qt::CaseInsensitive))
+            typed = row;
     }
-    if (first)
-        ui->lstProducts->setCurrentIndex(m_list->index(*first, 0));
+    if (typed || first)
+        ui->lstProducts->setCurrentIndex(m_list->index(typed ? *typed : *first, 0));
     updateOk();
 
     const QLocale locale;

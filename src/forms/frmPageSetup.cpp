@@ -243,9 +243,11 @@ void frmPageSetup::DrawPreviews()
 {
     if (m_settingControls)
         return;
-    const PageSetupPreviewInfo record = PreviewRecord(m_value);
-    for (PageSetupPicture *picture : {ui->picPreview1, ui->picPreview2, ui->picPreview3})
+    PageSetupPreviewInfo record = PreviewRecord(m_value);
+    for (PageSetupPicture *picture : {ui->picPreview1, ui->picPreview2})
         picture->setRecord(record);
+    record.ShowLabels = m_labelProductChosen;
+    ui->picPreview3->setRecord(record);
     UpdatePrinterWarning();
 }
 
@@ -306,6 +308,7 @@ void frmPageSetup::takeLabelProduct(const LabelProduct &product)
     m_value.paperSize = sheet ? sheet->code : FirstPrinterPaperCode;
     takePaperSize();
     toControls();
+    m_labelProductChosen = true;
     auto *tabs = ui->TabControl1;
     tabs->setTabEnabled(tabs->indexOf(ui->tabLabelLayout), true);
     tabs->setCurrentWidget(ui->tabLabelLayout);

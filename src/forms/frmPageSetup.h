@@ -10,7 +10,7 @@
 // says what of the value that printer cannot print; OK saves it all the same, since a
 // configuration may be meant for another workstation's printer. The label sheet's tab opens
 // disabled; choosing a label product from the paper tab fills the paper and the label sheet
-// and turns the tab on for the rest of the opening.
+// and turns the tab on for the rest of the opening, its picture then drawing the labels.
 
 #include "forms/ModalForm.h"
 #include "printers/CachedPrinterInfo.h"
@@ -85,6 +85,8 @@ private:
     QList<PaperSizeInfo> m_paperSizes;
     PageSetup m_value;
     bool m_settingControls = false;
+    // Set once a label product has turned the label tab on: its picture shows the labels.
+    bool m_labelProductChosen = false;
 };
 
 } // namespace bravcpl5
