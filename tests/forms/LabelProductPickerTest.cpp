@@ -15,6 +15,7 @@
 #include "support/StoreFixture.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QFile>
 #include <QLabel>
@@ -117,7 +118,8 @@ protected:
         SetPrinterInfo(std::move(info));
         SetLabelTemplateFolder(systemTemplates);
         host.writeUserFile(QStringLiteral("Invoice.pcx"),
-                           configurationXml("<PaperSize>9</PaperSize><TopMargin>.7</TopMargin>"));
+                           configurationXml("<PaperSize>9</PaperSize><TopMargin>.7</TopMargin>"
+                                            "<Gutter>.5</Gutter><MirrorMargins>1</MirrorMargins>"));
     }
     void TearDown() override
     {
@@ -268,6 +270,8 @@ TEST_F(LabelProductPicker, ChoosingAvery5160FillsThePaperAndTheLabelSheet)
             {"vertical gap", value.verticalGap, 0, 1e-6},
             {"left margin", value.leftMargin, 0.15625, 1e-6},
             {"top margin", value.topMargin, 0.5, 1e-6},
+            // The labels stand where the product has them: no gutter shifts them.
+            {"gutter", value.gutter, 0, 0},
             // What is left beside the labels, less a hair so the sheet fits exactly.
             {"right margin", value.rightMargin, 0.15625, 0.01},
             {"bottom margin", value.bottomMargin, 0.5, 0.01},
@@ -288,6 +292,7 @@ TEST_F(LabelProductPicker, ChoosingAvery5160FillsThePaperAndTheLabelSheet)
             EXPECT_EQ(child<QLineEdit>(form.get(), name.toLatin1())->text(), value.*limits.text)
                 << way << " " << limits.name;
         }
+        EXPECT_FALSE(child<QCheckBox>(form.get(), "chkMirrorMargins")->isChecked()) << way;
         EXPECT_EQ(child<QComboBox>(form.get(), "cboPaperSize")->currentText(), "Letter") << way;
         EXPECT_FALSE(child<QLineEdit>(form.get(), "txtPaperWidth")->isEnabled()) << way;
         EXPECT_TRUE(tabs->isTabEnabled(labelTab)) << way;
