@@ -4,8 +4,10 @@
 
 #include <QAbstractTableModel>
 #include <QDir>
+#include <QFontMetrics>
 #include <QKeyEvent>
 #include <QSet>
+#include <QStyle>
 #include <optional>
 #include <vector>
 
@@ -160,8 +162,20 @@ void frmLabelProducts::Initialize(const LabelDatabase &database)
     QHeaderView *header = ui->lstProducts->header();
     header->setStretchLastSection(false);
     header->setSectionResizeMode(LabelProductList::Description, QHeaderView::Stretch);
-    for (int column : {LabelProductList::Brand, LabelProductList::Part, LabelProductList::Sheet})
-        ui->lstProducts->resizeColumnToContents(column);
+    // Each column as wide as its longest text, measured once: the view's own measuring
+    // takes longer than a frame over this many rows.
+    const QFontMetrics metrics(ui->lstProducts->font());
+    const int padding = 3 * ui->lstProducts->style()->pixelMetric(QStyle::PM_FocusFrameHMargin)
+                        + metrics.averageCharWidth();
+    for (int column : {LabelProductList::Brand, LabelProductList::Part, LabelProductList::Sheet}) {
+        QString longest = m_list->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
+        for (int row = 0; row < m_list->rowCount(); ++row) {
+            const QString text = m_list->index(row, column).data().toString();
+            if (text.size() > longest.size())
+                longest = text;
+        }
+        header->resizeSection(column, metrics.horizontalAdvance(longest) + padding);
+    }
 
     QStringList folders;
     for (const QString &folder : database.folders)
