@@ -68,9 +68,10 @@ QList<QRectF> productLabels(const LabelProduct &product)
     QList<QRectF> labels;
     for (int row = 0; row < l.ny; ++row)
         for (int column = 0; column < l.nx; ++column)
-            labels.append(QRectF(l.x0 + column * l.dx, l.y0 + row * l.dy,
-                                 product.labelInches.width(), product.labelInches.height())
-                          * pointsPerInch);
+            labels.append(QRectF((l.x0 + column * l.dx) * pointsPerInch,
+                                 (l.y0 + row * l.dy) * pointsPerInch,
+                                 product.labelInches.width() * pointsPerInch,
+                                 product.labelInches.height() * pointsPerInch));
     return labels;
 }
 
