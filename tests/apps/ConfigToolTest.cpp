@@ -702,6 +702,7 @@ TEST_F(LabelTool, ProductsAreFoundByBrandPartOrDescription)
 
 TEST_F(LabelTool, SetLabelWritesTheProductsSheetAndShowShowsIt)
 {
+    ASSERT_EQ(run({"assign", "Product Labels", "Office-Laser"}).status, 0);
     const ToolRun set = run({"set-label", "product labels", "avery 5160"});
     ASSERT_EQ(set.status, 0) << set.err.toStdString();
     EXPECT_EQ(set.out, "Product Labels: Avery 5160 (Address Labels), 3 x 10 of 2.625 x 1 in on "
