@@ -9,6 +9,7 @@
 #include "printers/PrinterInfo.h"
 #include "printing/ConfigurationCommands.h"
 #include "printing/ConfigurationElements.h"
+#include "printing/LabelProducts.h"
 #include "printing/PageSetup.h"
 #include "printing/PrinterCheck.h"
 #include "printing/PrinterConfigurations.h"
@@ -447,5 +448,137 @@ int ListPrinters(CommandContext &context)
         for (const PaperBinInfo &bin : info.paperBins(printer))
             context.out << "  bin  " << bin.code << '\t' << bin.name << '\n';
     }
+    return Done;
+}
+
+namespace {
+
+// The products of the template folders; none, with the tool having said how to get them,
+// when there are no template files.
+std::optional<LabelDatabase> labelProducts(CommandContext &context)
+{
+    const QStringList folders = LabelTemplateFolders(context.labelTemplates);
+    LabelDatabase database = LoadLabelProducts(folders);
+    if (!database.products.isEmpty())
+        return database;
+    const QString where = folders.isEmpty() ? context.labelTemplates : folders.join(", ");
+    refuse(context, QStringLiteral("no label products in %1; install gLabels' templates "
+                                   "(the package glabels-data: apt install glabels-data)")
+                        .arg(where.isEmpty() ? QStringLiteral("any template folder") : where));
+    return std::nullopt;
+}
+
+QString number(double value) { return QString::number(value, 'g', 6); }
+
+// "US Letter", "4 x 6 in", "a roll 2.25 in wide".
+QString sheetOf(const LabelProduct &product)
+{
+    if (!product.paperName.isEmpty())
+        return product.paperName;
+    const QSizeF &paper = product.paperInches;
+    if (paper.height() <= 0)
+        return QStringLiteral("a roll %1 in wide").arg(number(paper.width()));
+    return QStringLiteral("%1 x %2 in").arg(number(paper.width()), number(paper.height()));
+}
+
+// "3 x 10 of 2.625 x 1 in", each layout of the sheet.
+QString geometryOf(const LabelProduct &product)
+{
+    QStringList layouts;
+    for (const LabelLayout &layout : product.layouts)
+        layouts << QStringLiteral("%1 x %2").arg(layout.nx).arg(layout.ny);
+    return QStringLiteral("%1 of %2 x %3 in")
+        .arg(layouts.join(QStringLiteral(" + ")), number(product.labelInches.width()),
+             number(product.labelInches.height()));
+}
+
+QJsonObject productObject(const LabelProduct &product)
+{
+    QJsonArray layouts;
+    for (const LabelLayout &l : product.layouts)
+        layouts.append(QJsonObject{
+            {"nx", l.nx}, {"ny", l.ny}, {"x0", l.x0}, {"y0", l.y0}, {"dx", l.dx}, {"dy", l.dy}});
+    return QJsonObject{{"name", product.name()},
+                       {"brand", product.brand},
+                       {"part", product.part},
+                       {"description", product.description},
+                       {"paper", product.paperName},
+                       {"paperWidth", product.paperInches.width()},
+                       {"paperHeight", product.paperInches.height()},
+                       {"categories", QJsonArray::fromStringList(product.categories)},
+                       {"shape", product.shape},
+                       {"labelWidth", product.labelInches.width()},
+                       {"labelHeight", product.labelInches.height()},
+                       {"layouts", layouts},
+                       {"equivalentOf", product.equivalentOf},
+                       {"notRepresentable", product.notRepresentable}};
+}
+
+} // namespace
+
+int ListLabelProducts(CommandContext &context, const QString &search)
+{
+    const std::optional<LabelDatabase> database = labelProducts(context);
+    if (!database)
+        return Refused;
+    QJsonArray rows;
+    for (const qsizetype index : FilterLabelProducts(database->products, search)) {
+        const LabelProduct &product = database->products[index];
+        if (context.json) {
+            rows.append(productObject(product));
+            continue;
+        }
+        context.out << product.name() << '\t' << product.description << '\t' << sheetOf(product)
+                    << '\t' << geometryOf(product);
+        if (!product.notRepresentable.isEmpty())
+            context.out << "\tnot representable: " << product.notRepresentable;
+        context.out << '\n';
+    }
+    if (context.json)
+        context.out << QJsonDocument(rows).toJson(QJsonDocument::Indented);
+    return Done;
+}
+
+int SetLabelProduct(CommandContext &context, const QString &configuration, const QString &product)
+{
+    const QString name = findConfiguration(context, configuration);
+    if (name.isEmpty())
+        return refuse(
+            context,
+            QStringLiteral("there is no printer configuration named '%1'").arg(configuration));
+    const std::optional<LabelDatabase> database = labelProducts(context);
+    if (!database)
+        return Refused;
+    const auto found = std::find_if(
+        database->products.cbegin(), database->products.cend(), [&](const LabelProduct &p) {
+            return p.name().compare(product.simplified(), Qt::CaseInsensitive) == 0;
+        });
+    if (found == database->products.cend())
+        return refuse(context, QStringLiteral("there is no label product named '%1' "
+                                              "(bravcpl5-config labels TEXT lists them)")
+                                   .arg(product));
+    if (!found->notRepresentable.isEmpty())
+        return refuse(context, QStringLiteral("%1 cannot be held by a page setup: %2; "
+                                              "nothing changed")
+                                   .arg(found->name(), found->notRepresentable));
+
+    // The codes as stored: what the product does not set stays as the file has it.
+    PrinterConfigurations &configurations = typedStore(context);
+    PageSetupChoices asStored;
+    asStored.storedCodes = true;
+    PageSetup setup;
+    const QString file = configurations.GetPrinterConfigurationFileFromName(name);
+    if (!configurations.readPageSetup(name, asStored, PaperDefaults(), setup))
+        return refuse(context, QStringLiteral("the file '%1' cannot be read").arg(file));
+    if (!ApplyLabelProduct(*found, setup))
+        return refuse(context, QStringLiteral("%1 cannot be held by a page setup; nothing changed")
+                                   .arg(found->name()));
+    QString why;
+    if (!configurations.savePageSetup(name, setup, &why))
+        return refuse(context, QStringLiteral("the file '%1' could not be written%2; nothing "
+                                              "changed")
+                                   .arg(file, why.isEmpty() ? QString() : ": " + why));
+    context.out << name << ": " << found->name() << " (" << found->description << "), "
+                << geometryOf(*found) << " on " << sheetOf(*found) << '\n';
     return Done;
 }

@@ -22,6 +22,9 @@ struct CommandContext {
     bool json = false;
     // verify: leaves out whether the printers are stopped, refusing jobs or need attention.
     bool withState = true;
+    // labels, set-label: the folder of gLabels template files to read instead of the
+    // system's and the user's.
+    QString labelTemplates = {};
 };
 
 enum ExitStatus { Done = 0, Findings = 1, Refused = 2 };
@@ -42,6 +45,12 @@ int ExportAssignments(CommandContext &context, const QString &file);
 // Checks every entry first, then writes all of them in one write or none.
 int ImportAssignments(CommandContext &context, const QString &file);
 int ListPrinters(CommandContext &context);
+// The label products of gLabels' template files that every word of `search` finds, one line
+// each with their sheet and geometry; Refused when there are no template files.
+int ListLabelProducts(CommandContext &context, const QString &search);
+// Writes the paper and label geometry of the product named "Brand Part" into the
+// configuration's page setup; a product the page setup cannot hold is refused.
+int SetLabelProduct(CommandContext &context, const QString &configuration, const QString &product);
 
 // The registry value that names the fallback printer, as `assign --default` sets it.
 QString DefaultAssignmentName();

@@ -34,17 +34,22 @@ const char *const usage = R"(Commands:
   export FILE                this workstation's assignments as JSON
   import [--dry-run] FILE    assignments from an export, all or none
   printers                   this computer's printers with their paper sizes and bins
+  labels [--json] [TEXT]     the label products of gLabels' templates that TEXT finds
+                             (brand, part, words of the description), with their sheet
+                             and geometry
+  set-label NAME PRODUCT     NAME's paper and labels from PRODUCT ("Avery 5160")
 
 Exit status:
   0  done
   1  verify found something a printer cannot print as configured
   2  refused or failed; nothing was changed)";
 
-// Each command with the least and the most arguments it takes.
+// Each command with the least and the most arguments it takes (-1: any number).
 const QHash<QString, std::pair<int, int>> commands{
-    {"list", {0, 0}},   {"assign", {2, 2}}, {"unassign", {1, 1}}, {"show", {1, 1}},
-    {"rename", {2, 2}}, {"copy", {1, 1}},   {"delete", {1, 1}},   {"verify", {0, 1}},
-    {"export", {1, 1}}, {"import", {1, 1}}, {"printers", {0, 0}},
+    {"list", {0, 0}},      {"assign", {2, 2}}, {"unassign", {1, 1}}, {"show", {1, 1}},
+    {"rename", {2, 2}},    {"copy", {1, 1}},   {"delete", {1, 1}},   {"verify", {0, 1}},
+    {"export", {1, 1}},    {"import", {1, 1}}, {"printers", {0, 0}}, {"labels", {0, -1}},
+    {"set-label", {2, 2}},
 };
 
 QString setting(const QCommandLineParser &parser, const QCommandLineOption &option,
@@ -105,8 +110,13 @@ int main(int argc, char **argv)
     const QCommandLineOption registryOption(
         QStringLiteral("registry"),
         QStringLiteral("Registry file off Windows (BRAVCPL5_REGISTRY)."), QStringLiteral("file"));
-    const QCommandLineOption jsonOption(QStringLiteral("json"),
-                                        QStringLiteral("list, verify: JSON rather than text."));
+    const QCommandLineOption jsonOption(
+        QStringLiteral("json"), QStringLiteral("list, verify, labels: JSON rather than text."));
+    const QCommandLineOption templatesOption(
+        QStringLiteral("templates"),
+        QStringLiteral("labels, set-label: the folder of gLabels template files to read "
+                       "(BRAVCPL5_LABEL_TEMPLATES); by default the system's and the user's."),
+        QStringLiteral("folder"));
     const QCommandLineOption noStateOption(
         QStringLiteral("no-state"),
         QStringLiteral("verify: leave out whether the printers are stopped, refusing jobs or "
@@ -122,8 +132,8 @@ int main(int argc, char **argv)
         QStringLiteral("import: take configurations and printers this workstation does not "
                        "have; --registry: use a file that is not a registry file."));
     for (const QCommandLineOption &option :
-         {systemOption, userOption, profileOption, registryOption, jsonOption, noStateOption,
-          defaultOption, dryRunOption, forceOption})
+         {systemOption, userOption, profileOption, registryOption, jsonOption, templatesOption,
+          noStateOption, defaultOption, dryRunOption, forceOption})
         parser.addOption(option);
     parser.addPositionalArgument(QStringLiteral("command"),
                                  QStringLiteral("What to do (see above)."));
@@ -140,7 +150,7 @@ int main(int argc, char **argv)
     const bool fallback = command == QLatin1String("assign") && parser.isSet(defaultOption);
     const auto [least, most] = commands.value(command);
     const int shift = fallback ? 1 : 0;
-    if (arguments.size() - 1 < least - shift || arguments.size() - 1 > most - shift)
+    if (arguments.size() - 1 < least - shift || (most >= 0 && arguments.size() - 1 > most - shift))
         return refuse(err,
                       QStringLiteral("'%1' takes %2 argument(s); see --help")
                           .arg(command, least == most
@@ -181,7 +191,8 @@ int main(int argc, char **argv)
                            parser.isSet(forceOption),
                            parser.isSet(dryRunOption),
                            parser.isSet(jsonOption),
-                           !parser.isSet(noStateOption)};
+                           !parser.isSet(noStateOption),
+                           setting(parser, templatesOption, "BRAVCPL5_LABEL_TEMPLATES")};
 
     int status = Refused;
     if (command == QLatin1String("list"))
@@ -208,6 +219,10 @@ int main(int argc, char **argv)
         status = ImportAssignments(context, arguments[1]);
     else if (command == QLatin1String("printers"))
         status = ListPrinters(context);
+    else if (command == QLatin1String("labels"))
+        status = ListLabelProducts(context, arguments.mid(1).join(u' '));
+    else if (command == QLatin1String("set-label"))
+        status = SetLabelProduct(context, arguments[1], arguments[2]);
 
     bravcpl5::late::call(library.get(), "PreTerminate");
     return status;

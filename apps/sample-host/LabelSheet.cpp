@@ -58,9 +58,11 @@ QList<QRectF> LabelPlaces(const LabelGeometry &g, const QSizeF &paper)
     const double stepX = g.labelWidth + g.horizontalGap, stepY = g.labelHeight + g.verticalGap;
     if (g.labelWidth <= 0 || g.labelHeight <= 0)
         return places;
-    // A label that reaches past the content area by less than a twip still fits: the
-    // lengths come from inches with three decimals.
-    const double slack = 1;
+    // A label that reaches past the content area by less than a point still fits: the
+    // lengths come from inches with three decimals, and print systems give paper sizes in
+    // whole points (A4 is 595 pt wide, a label product's A4 595.3), which would otherwise
+    // cost an A4 sheet filled to its right margin its last column.
+    const double slack = TwipsPerPoint;
     int columns = 0;
     while (columns < g.columns && columns * stepX + g.labelWidth <= area.width() + slack)
         ++columns;

@@ -99,12 +99,13 @@ bool PrintReport(const ReportOutputContext &context, const DealerReport &report)
 }
 
 bool WriteReportPdf(const ReportOutputContext &context, const DealerReport &report,
-                    const QString &file)
+                    const QString &file, bool outlines)
 {
     ReferenceReport printed;
     setUp(context, report, printed, false);
     printed.setOutputFileName(file);
-    return printed.print(PageDrawerFor(context.library, context.host->database(), report, false));
+    return printed.print(
+        PageDrawerFor(context.library, context.host->database(), report, outlines));
 }
 
 void PrintReportToPdf(const ReportOutputContext &context, const DealerReport &report,

@@ -24,8 +24,9 @@ void PreviewReport(const ReportOutputContext &context, const DealerReport &repor
 bool PrintReport(const ReportOutputContext &context, const DealerReport &report);
 
 // Writes the report as a PDF to `file` without asking anything; false when it could not.
+// `outlines` draws the label sheet's die cuts, as the preview's Print button writes them.
 bool WriteReportPdf(const ReportOutputContext &context, const DealerReport &report,
-                    const QString &file);
+                    const QString &file, bool outlines = false);
 
 // Asks for a PDF file, writes it, and offers to open it.
 void PrintReportToPdf(const ReportOutputContext &context, const DealerReport &report,

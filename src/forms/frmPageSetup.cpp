@@ -3,7 +3,9 @@
 #include "ui_frmPageSetup.h"
 
 #include "forms/Glyphs.h"
+#include "forms/frmLabelProducts.h"
 #include "library/Messages.h"
+#include "library/ValueRules.h"
 #include "printers/PaperSizeCodes.h"
 #include "printing/PrinterCheck.h"
 #include "printing/PrinterConfigurations.h"
@@ -104,6 +106,7 @@ frmPageSetup::frmPageSetup(QWidget *parent)
         fromControl([&]() { m_value.printDirection = selectedCode(ui->cboPrintDirection); });
     });
     connect(ui->TabControl1, &QTabWidget::currentChanged, this, &frmPageSetup::DrawPreviews);
+    connect(ui->cmdLabelProduct, &QPushButton::clicked, this, &frmPageSetup::cmdLabelProduct_Click);
     connect(ui->cmdOK, &QPushButton::clicked, this, &frmPageSetup::cmdOK_Click);
     connect(ui->cmdCancel, &QPushButton::clicked, this, &frmPageSetup::cmdCancel_Click);
     UpdateOrientationPictures();
@@ -240,9 +243,11 @@ void frmPageSetup::DrawPreviews()
 {
     if (m_settingControls)
         return;
-    const PageSetupPreviewInfo record = PreviewRecord(m_value);
-    for (PageSetupPicture *picture : {ui->picPreview1, ui->picPreview2, ui->picPreview3})
+    PageSetupPreviewInfo record = PreviewRecord(m_value);
+    for (PageSetupPicture *picture : {ui->picPreview1, ui->picPreview2})
         picture->setRecord(record);
+    record.ShowLabels = m_labelProductChosen;
+    ui->picPreview3->setRecord(record);
     UpdatePrinterWarning();
 }
 
@@ -268,6 +273,47 @@ void frmPageSetup::toControls()
     selectCode(ui->cboPrintDirection, m_value.printDirection);
     m_settingControls = false;
     UpdateOrientationPictures();
+}
+
+void frmPageSetup::cmdLabelProduct_Click()
+{
+    const LabelDatabase &database = InstalledLabelProducts();
+    if (database.products.isEmpty()) {
+        ShowMessage(QStringLiteral("No label products are installed. Install the glabels-data "
+                                   "package (sudo apt install glabels-data) to choose label "
+                                   "sheets by product."),
+                    QMessageBox::Information, QMessageBox::Ok, this);
+        return;
+    }
+    std::optional<LabelProduct> chosen;
+    ShowModalForm<frmLabelProducts>([&](frmLabelProducts &form) { form.Initialize(database); },
+                                    [&](frmLabelProducts &form) {
+                                        if (form.chosen())
+                                            chosen = *form.chosen();
+                                    });
+    if (chosen)
+        takeLabelProduct(*chosen);
+}
+
+void frmPageSetup::takeLabelProduct(const LabelProduct &product)
+{
+    if (!ApplyLabelProduct(product, m_value))
+        return;
+    // The printer's sheet of the product's code or size, as a stored page setup finds it;
+    // else a custom size of the product's own.
+    const QSizeF inches(values::textToSingle(m_value.paperWidth).value_or(0),
+                        values::textToSingle(m_value.paperHeight).value_or(0));
+    const PaperSizeInfo *sheet = StoredPaperSize(
+        m_paperSizes, m_value.paperSize.value_or(FirstPrinterPaperCode), inches);
+    m_value.paperSize = sheet ? sheet->code : FirstPrinterPaperCode;
+    takePaperSize();
+    toControls();
+    m_labelProductChosen = true;
+    auto *tabs = ui->TabControl1;
+    tabs->setTabEnabled(tabs->indexOf(ui->tabLabelLayout), true);
+    tabs->setCurrentWidget(ui->tabLabelLayout);
+    UpdatePaperFields();
+    DrawPreviews();
 }
 
 void frmPageSetup::cmdOK_Click()

@@ -8,7 +8,9 @@
 // starts True, so the close box reads as cancelled. The dialog keeps its own current
 // printer, and that printer's sizes and bins, for its lifetime. A line under the previews
 // says what of the value that printer cannot print; OK saves it all the same, since a
-// configuration may be meant for another workstation's printer.
+// configuration may be meant for another workstation's printer. The label sheet's tab opens
+// disabled; choosing a label product from the paper tab fills the paper and the label sheet
+// and turns the tab on for the rest of the opening, its picture then drawing the labels.
 
 #include "forms/ModalForm.h"
 #include "printers/CachedPrinterInfo.h"
@@ -27,6 +29,7 @@ class QLineEdit;
 namespace bravcpl5 {
 
 class PrinterConfigurations;
+struct LabelProduct;
 
 class frmPageSetup : public ModalForm
 {
@@ -54,6 +57,7 @@ private:
     void UpdatePaperFields();
     void DrawPreviews();
     void UpdatePrinterWarning();
+    void cmdLabelProduct_Click();
     void cmdOK_Click();
     void cmdCancel_Click();
 
@@ -61,6 +65,8 @@ private:
     void toControls();
     // A chosen standard paper shows its own size in the value's width and height.
     void takePaperSize();
+    // Fills the paper and the label sheet from a label product and shows the sheet.
+    void takeLabelProduct(const LabelProduct &product);
     // Runs a change of the value from a control, unless the controls are being set.
     template <typename Change> void fromControl(Change change);
 
@@ -79,6 +85,8 @@ private:
     QList<PaperSizeInfo> m_paperSizes;
     PageSetup m_value;
     bool m_settingControls = false;
+    // Set once a label product has turned the label tab on: its picture shows the labels.
+    bool m_labelProductChosen = false;
 };
 
 } // namespace bravcpl5

@@ -596,5 +596,219 @@ TEST_F(ConfigTool, PrinterBinsInTheUsersLanguageWithTheSameCodes)
     }
 }
 
+// The label products come from gLabels' template files as Debian's glabels-data installs
+// them; the tool is run over them as a dealer would.
+constexpr auto labelTemplates = "/usr/share/libglabels-3.0/templates";
+
+#define SKIP_WITHOUT_LABEL_TEMPLATES()                                                             \
+    if (!QFileInfo(QString::fromLatin1(labelTemplates)).isDir())                                   \
+    GTEST_SKIP() << "glabels-data is not installed"
+
+// The number `show` prints after "Field: " (lengths without their " in").
+double shown(const QString &show, const QString &field)
+{
+    const QString line =
+        show.section(u'\n' + field + QStringLiteral(": "), 1, 1).section(u'\n', 0, 0);
+    bool ok = false;
+    const double value = line.section(u' ', 0, 0).toDouble(&ok);
+    return ok ? value : qQNaN();
+}
+
+class LabelTool : public ConfigTool
+{
+protected:
+    void SetUp() override
+    {
+        ConfigTool::SetUp();
+        SKIP_WITHOUT_LABEL_TEMPLATES();
+        // A label configuration fed by hand from the manual slot, printed down then across.
+        write(QStringLiteral("system/Product Labels.pcx"),
+              "<PrinterConfiguration><Identification><System>1</System></Identification>"
+              "<PageSetup><PaperSize>5</PaperSize><PaperSource>4</PaperSource>"
+              "<TopMargin>1</TopMargin><BottomMargin>1</BottomMargin><LeftMargin>1</LeftMargin>"
+              "<RightMargin>1</RightMargin><Gutter>0</Gutter><Orientation>0</Orientation>"
+              "<ColumnsPerSheet>1</ColumnsPerSheet><PrintDirection>1</PrintDirection>"
+              "<HorizontalGap>0</HorizontalGap><VerticalGap>0</VerticalGap>"
+              "<LabelWidth>4</LabelWidth><LabelHeight>1</LabelHeight></PageSetup>"
+              "</PrinterConfiguration>");
+    }
+    QByteArray configurationBytes()
+    {
+        QFile file(path(QStringLiteral("system/Product Labels.pcx")));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<none>");
+    }
+    // The products of `labels --json TEXT`.
+    QList<QJsonObject> products(const QString &text = QString())
+    {
+        const ToolRun labels = run({"labels", "--json", text});
+        EXPECT_EQ(labels.status, 0) << labels.err.toStdString();
+        QList<QJsonObject> found;
+        for (const QJsonValue &product : QJsonDocument::fromJson(labels.out.toUtf8()).array())
+            found << product.toObject();
+        return found;
+    }
+};
+
+TEST_F(LabelTool, ProductsAreFoundByBrandPartOrDescription)
+{
+    const struct {
+        QStringList arguments;
+        const char *line; // one of the lines, whole
+    } cases[] = {
+        {{"labels", "5160"}, "Avery 5160\tAddress Labels\tUS Letter\t3 x 10 of 2.625 x 1 in\n"},
+        {{"labels", "AVERY", "5160"},
+         "Avery 5160\tAddress Labels\tUS Letter\t3 x 10 of 2.625 x 1 in\n"},
+        // Declared equivalent: the geometry of the product it names.
+        {{"labels", "avery 5260"},
+         "Avery 5260\tAddress Labels\tUS Letter\t3 x 10 of 2.625 x 1 in\n"},
+        {{"labels", "L7160"}, "Avery L7160\t"},
+    };
+    for (const auto &c : cases) {
+        const ToolRun labels = run(c.arguments);
+        const QString line = QString::fromUtf8(c.line);
+        EXPECT_EQ(labels.status, 0) << c.arguments.join(' ').toStdString();
+        EXPECT_TRUE(labels.out.startsWith(line) || labels.out.contains(u'\n' + line))
+            << c.arguments.join(' ').toStdString() << ":\n"
+            << labels.out.toStdString();
+        // Every line is one that the words find.
+        for (const QString &row : labels.out.split(u'\n', Qt::SkipEmptyParts))
+            EXPECT_TRUE(row.contains(c.arguments.last().section(u' ', -1), Qt::CaseInsensitive))
+                << row.toStdString();
+    }
+
+    const QList<QJsonObject> avery5160 = products(QStringLiteral("avery 5160"));
+    ASSERT_FALSE(avery5160.isEmpty());
+    QJsonObject product;
+    for (const QJsonObject &p : avery5160) {
+        EXPECT_EQ(p.value("brand").toString(), "Avery");
+        EXPECT_TRUE(p.value("part").toString().contains("5160"))
+            << p.value("part").toString().toStdString();
+        if (p.value("name").toString() == "Avery 5160")
+            product = p;
+    }
+    EXPECT_EQ(product.value("description").toString(), "Address Labels");
+    EXPECT_EQ(product.value("shape").toString(), "rectangle");
+    EXPECT_EQ(product.value("labelWidth").toDouble(), 2.625);
+    EXPECT_EQ(product.value("labelHeight").toDouble(), 1);
+    EXPECT_EQ(product.value("paperWidth").toDouble(), 8.5);
+    EXPECT_EQ(product.value("paperHeight").toDouble(), 11);
+    EXPECT_TRUE(product.value("categories").toArray().contains(QJsonValue("mail")));
+    EXPECT_EQ(product.value("notRepresentable").toString(), "");
+    EXPECT_EQ(
+        product.value("layouts").toArray(),
+        QJsonArray({QJsonObject{
+            {"nx", 3}, {"ny", 10}, {"x0", 0.15625}, {"y0", 0.5}, {"dx", 2.78125}, {"dy", 1}}}));
+}
+
+TEST_F(LabelTool, SetLabelWritesTheProductsSheetAndShowShowsIt)
+{
+    ASSERT_EQ(run({"assign", "Product Labels", "Office-Laser"}).status, 0);
+    const ToolRun set = run({"set-label", "product labels", "avery 5160"});
+    ASSERT_EQ(set.status, 0) << set.err.toStdString();
+    EXPECT_EQ(set.out, "Product Labels: Avery 5160 (Address Labels), 3 x 10 of 2.625 x 1 in on "
+                       "US Letter\n");
+    const ToolRun show = run({"show", "Product Labels"});
+    ASSERT_EQ(show.status, 0) << show.err.toStdString();
+    const struct {
+        const char *field;
+        double value;
+    } fields[] = {
+        {"ColumnsPerSheet", 3},     {"LabelWidth", 2.625}, {"LabelHeight", 1},
+        {"HorizontalGap", 0.15625}, {"VerticalGap", 0},    {"LeftMargin", 0.15625},
+        {"TopMargin", 0.5},
+    };
+    for (const auto &f : fields)
+        EXPECT_EQ(shown(show.out, QString::fromLatin1(f.field)), f.value) << f.field << " in\n"
+                                                                          << show.out.toStdString();
+    // The labels fit the sheet, across and down: the right and bottom margins are what is left.
+    EXPECT_LE(3 * 2.625 + 2 * 0.15625 + 0.15625 + shown(show.out, "RightMargin"), 8.5);
+    EXPECT_LE(0.5 + 10 + shown(show.out, "BottomMargin"), 11);
+    EXPECT_TRUE(show.out.contains("\nPaper size: Letter (code 1")) << show.out.toStdString();
+    EXPECT_TRUE(show.out.contains("\nOrientation: portrait\n")) << show.out.toStdString();
+    // What the product does not say stays as it was.
+    EXPECT_TRUE(show.out.contains("\nPaper source: Manual Feed (code 4)"))
+        << show.out.toStdString();
+    EXPECT_TRUE(configurationBytes().contains("<PrintDirection>1</PrintDirection>"));
+}
+
+TEST_F(LabelTool, ARefusedProductChangesNothing)
+{
+    // A product of the installed files that a page setup cannot hold (several layouts).
+    QString notRepresentable;
+    for (const QJsonObject &product : products()) {
+        if (!product.value("notRepresentable").toString().isEmpty()) {
+            notRepresentable = product.value("name").toString();
+            break;
+        }
+    }
+    ASSERT_FALSE(notRepresentable.isEmpty());
+    const QTemporaryDir empty;
+    const QByteArray before = configurationBytes();
+    const struct {
+        const char *name;
+        QStringList arguments;
+        const char *says;
+    } cases[] = {
+        {"unknown product",
+         {"set-label", "Product Labels", "Avery 99999"},
+         "there is no label product named 'Avery 99999'"},
+        {"part without brand",
+         {"set-label", "Product Labels", "5160"},
+         "there is no label product named '5160'"},
+        {"unknown configuration",
+         {"set-label", "Legal", "Avery 5160"},
+         "there is no printer configuration named 'Legal'"},
+        {"not representable",
+         {"set-label", "Product Labels", notRepresentable},
+         "cannot be held by a page setup"},
+        {"no templates",
+         {"--templates", empty.path(), "set-label", "Product Labels", "Avery 5160"},
+         "install gLabels' templates (the package glabels-data"},
+        {"no templates to list",
+         {"--templates", empty.path(), "labels", "5160"},
+         "install gLabels' templates (the package glabels-data"},
+        {"missing argument", {"set-label", "Product Labels"}, "takes 2 argument(s)"},
+    };
+    for (const auto &c : cases) {
+        const ToolRun result = run(c.arguments);
+        EXPECT_EQ(result.status, 2) << c.name;
+        EXPECT_EQ(result.out, QString()) << c.name;
+        EXPECT_TRUE(result.err.contains(QLatin1String(c.says)))
+            << c.name << ": " << result.err.toStdString();
+        EXPECT_EQ(configurationBytes(), before) << c.name;
+    }
+}
+
+// A configuration file that cannot be written (read-only, a full disk) fails the command,
+// which says so, and the file keeps every byte.
+TEST_F(LabelTool, ASaveThatFailsSaysSoAndChangesNothing)
+{
+    for (const bool readOnly : {true, false}) {
+        SCOPED_TRACE(readOnly ? "read-only" : "full disk");
+        SmallFileSystem fs(256 * 1024);
+        REQUIRE_SMALL_FILE_SYSTEM(fs);
+        QDir().mkpath(fs.filePath(QStringLiteral("system")));
+        const QString file = fs.filePath(QStringLiteral("system/Product Labels.pcx"));
+        ASSERT_TRUE(QFile::copy(path(QStringLiteral("system/Product Labels.pcx")), file));
+        extraEnvironment = {{"BRAVCPL5_SYSTEM_FOLDER", fs.filePath(QStringLiteral("system"))}};
+        QFile configuration(file);
+        ASSERT_TRUE(configuration.open(QIODevice::ReadOnly));
+        const QByteArray before = configuration.readAll();
+        configuration.close();
+        if (readOnly)
+            ASSERT_TRUE(fs.makeReadOnly(file));
+        else
+            fs.fill();
+
+        const ToolRun result = run({"set-label", "Product Labels", "Avery 5160"});
+        EXPECT_EQ(result.status, 2) << result.out.toStdString();
+        EXPECT_TRUE(result.err.contains("could not be written")
+                    && result.err.contains("nothing changed"))
+            << result.err.toStdString();
+        ASSERT_TRUE(configuration.open(QIODevice::ReadOnly));
+        EXPECT_EQ(configuration.readAll(), before);
+    }
+}
+
 } // namespace
 } // namespace bravcpl5::test
