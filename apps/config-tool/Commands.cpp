@@ -93,6 +93,19 @@ int refuse(CommandContext &context, const QString &why)
     return Refused;
 }
 
+// The configuration's page setup as its file holds it: codes as stored, none where none is.
+// A refusal when the file cannot be read.
+std::optional<int> readAsStored(CommandContext &context, const QString &name, PageSetup &setup)
+{
+    PrinterConfigurations &configurations = typedStore(context);
+    PageSetupChoices asStored;
+    asStored.storedCodes = true;
+    if (configurations.readPageSetup(name, asStored, PaperDefaults(), setup))
+        return std::nullopt;
+    return refuse(context, QStringLiteral("the file '%1' cannot be read")
+                               .arg(configurations.GetPrinterConfigurationFileFromName(name)));
+}
+
 int notSaved(CommandContext &context)
 {
     return refuse(context, QStringLiteral("the registry file '%1' could not be written; "
@@ -183,15 +196,12 @@ int ShowConfiguration(CommandContext &context, const QString &configuration)
         return refuse(
             context,
             QStringLiteral("there is no printer configuration named '%1'").arg(configuration));
-    // The page setup as the file holds it (codes as stored, none where none is), each value
-    // under its element's name.
+    // Each value under its element's name.
     PrinterConfigurations &configurations = typedStore(context);
-    PageSetupChoices asStored;
-    asStored.storedCodes = true;
     PageSetup setup;
+    if (const std::optional<int> refused = readAsStored(context, name, setup))
+        return *refused;
     const QString file = configurations.GetPrinterConfigurationFileFromName(name);
-    if (!configurations.readPageSetup(name, asStored, PaperDefaults(), setup))
-        return refuse(context, QStringLiteral("the file '%1' cannot be read").arg(file));
 
     const QString printer = configurations.GetPrinterForConfiguration(name);
     context.out << "Configuration: " << name << '\n'
@@ -562,14 +572,12 @@ int SetLabelProduct(CommandContext &context, const QString &configuration, const
                                               "nothing changed")
                                    .arg(found->name(), found->notRepresentable));
 
-    // The codes as stored: what the product does not set stays as the file has it.
+    // What the product does not set stays as the file has it.
     PrinterConfigurations &configurations = typedStore(context);
-    PageSetupChoices asStored;
-    asStored.storedCodes = true;
     PageSetup setup;
+    if (const std::optional<int> refused = readAsStored(context, name, setup))
+        return *refused;
     const QString file = configurations.GetPrinterConfigurationFileFromName(name);
-    if (!configurations.readPageSetup(name, asStored, PaperDefaults(), setup))
-        return refuse(context, QStringLiteral("the file '%1' cannot be read").arg(file));
     if (!ApplyLabelProduct(*found, setup))
         return refuse(context, QStringLiteral("%1 cannot be held by a page setup; nothing changed")
                                    .arg(found->name()));
