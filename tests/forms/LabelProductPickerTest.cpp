@@ -248,7 +248,7 @@ TEST_F(LabelProductPicker, ChoosingAvery5160FillsThePaperAndTheLabelSheet)
         const int labelTab = tabs->indexOf(child<QWidget>(form.get(), "tabLabelLayout"));
         ASSERT_FALSE(tabs->isTabEnabled(labelTab));
         const PageSetup before = form->value();
-        pick(*form, [&](QWidget *picker) {
+        pick(*form, [&, take = take](QWidget *picker) {
             search(picker, QStringLiteral("avery 5160"));
             const QModelIndex index = makeCurrent(picker, QStringLiteral("Avery 5160"));
             ASSERT_TRUE(index.isValid());
@@ -376,7 +376,7 @@ TEST_F(LabelProductPicker, LeavingThePickerWithoutChoosingChangesNothing)
         auto *tabs = child<QTabWidget>(form.get(), "TabControl1");
         tabs->setCurrentIndex(1);
         const PageSetup before = form->value();
-        pick(*form, [&](QWidget *picker) {
+        pick(*form, [&, leave = leave](QWidget *picker) {
             search(picker, QStringLiteral("5160"));
             leave(picker);
         });
