@@ -107,7 +107,8 @@ RegistryIni RegistryIni::parse(const QByteArray &text)
             continue;
         if (line.startsWith('[') && line.endsWith(']')) {
             const QString group = QString::fromUtf8(line.sliced(1, line.size() - 2));
-            inGeneral = group == QLatin1String("General");
+            // Groups are found without regard to case, "[GeneraL]" being "[General]" too.
+            inGeneral = group.compare(QLatin1String("General"), Qt::CaseInsensitive) == 0;
             currentKey = ini.keyIndex(keyPath(group));
             if (ini.keys[currentKey].header.at < 0)
                 ini.keys[currentKey].header = spanOf(line);
