@@ -3,6 +3,7 @@
 #include "GeneralReport.h"
 #include "LabelSheet.h"
 #include "QuoteReport.h"
+#include "ReportFilters.h"
 
 #include "layout/GeneralReportLayout.h"
 #include "library/LateBinding.h"
@@ -122,8 +123,8 @@ ReferenceReport::PageDrawer PageDrawerFor(QObject *library, const HostDatabase *
     case DealerReport::Kind::General:
         break;
     }
-    const QList<Record> records = SourceRecords(database,
-                                                ReadGeneralReportTexts(report.file).source);
+    const QList<Record> records = GeneralReportRecords(late::object(library, "SharedCodeLibrary"),
+                                                       database, report.file, QDate::currentDate());
     return bandedDrawer(
         [=, file = report.file](double width) {
             return BuildGeneralReport(library, file, records, width);

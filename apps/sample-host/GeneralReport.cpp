@@ -1,4 +1,5 @@
 #include "GeneralReport.h"
+#include "ReportFilters.h"
 
 #include "layout/FurnitureFormats.h"
 #include "layout/GeneralReportLayout.h"
@@ -92,19 +93,12 @@ QList<Column> readColumns(const pugi::xml_document &document, const QList<Record
     return columns;
 }
 
-// The filters' values, as the subtitle says what the report was run for.
-QString filtersSummary(const pugi::xml_document &document)
+// The subtitle says in words what the report's records were selected with.
+QString filtersSummary(QObject *library, const pugi::xml_document &document)
 {
-    QStringList parts;
-    for (pugi::xml_node filter :
-         SelectSingleNode(document, QStringLiteral("//Filters")).node().children()) {
-        const QString value = GetXmlAttribute(filter, QStringLiteral("value"), QString());
-        const QString label = GetXmlAttribute(filter, QStringLiteral("label"), QString());
-        if (filter.type() == pugi::node_element && !value.isEmpty() && !label.isEmpty()
-            && !value.startsWith(u'['))
-            parts << QStringLiteral("%1: %2").arg(label, value);
-    }
-    return parts.mid(0, 3).join(QStringLiteral("; "));
+    return ReadReportFilters(late::object(library, "SharedCodeLibrary"), document,
+                             QDate::currentDate())
+        .summary();
 }
 
 class GeneralReportBuilder
@@ -279,10 +273,11 @@ std::unique_ptr<BandedReport> BuildGeneralReport(QObject *library, const QString
     report->headerOnAllPages = layout.headerOnAllPages;
     report->footerOnAllPages = layout.footerOnAllPages;
     GeneralReportBuilder build(*report, readColumns(configuration, records, width), width);
-    build.furniture(HeaderFurniture(layout,
-                                    {texts.title, filtersSummary(configuration), texts.description},
-                                    QDateTime::currentDateTime()),
-                    report->header);
+    build.furniture(
+        HeaderFurniture(layout,
+                        {texts.title, filtersSummary(library, configuration), texts.description},
+                        QDateTime::currentDateTime()),
+        report->header);
     if (!report->header.empty())
         report->header.push_back(Spacer(TwipsPerInch / 6));
     build.headings();

@@ -1,6 +1,7 @@
 #include "Records.h"
 
 #include "database/HostDatabase.h"
+#include "filters/FilterDefinitions.h"
 
 #include <QDate>
 #include <QRegularExpression>
@@ -26,6 +27,7 @@ constexpr std::array customers{
 };
 constexpr std::array salespeople{"Karen Bishop", "Luis Moreno", "Amy Chen"};
 constexpr std::array statuses{"Ordered", "In Production", "Shipped", "Ready to Install"};
+constexpr int installedAfterDays = 45;
 constexpr std::array rooms{"Living Room", "Kitchen",     "Master Bedroom",
                            "Office",      "Dining Room", "Den"};
 constexpr std::array colors{"Snow White", "Linen", "Driftwood", "Espresso", "Pewter", "Sand"};
@@ -51,6 +53,17 @@ QList<Record> select(const HostDatabase *database, const QString &sql)
     return records;
 }
 
+// The product source captions of the filters dialog by their codes, as the database keeps them.
+QString productSource(const QVariant &code)
+{
+    for (const bravcpl5::FilterChoice &choice :
+         bravcpl5::FillFilterChoices(nullptr, bravcpl5::FilterType::ProductSource, 0)) {
+        if (QVariant(choice.data) == code)
+            return choice.caption;
+    }
+    return {};
+}
+
 QList<Record> products(const HostDatabase *database)
 {
     QList<Record> records = select(
@@ -66,9 +79,8 @@ QList<Record> products(const HostDatabase *database)
         Record &r = records[i];
         const double price = r.value(QStringLiteral("ListPrice")).toDouble();
         r[QStringLiteral("ListPrice")] = price;
-        r[QStringLiteral("ProductSource")] = r.value(QStringLiteral("ProductSource")).toInt() % 2
-                                                 ? QStringLiteral("Fabricate")
-                                                 : QStringLiteral("Stock");
+        r[QStringLiteral("ProductSource")] = productSource(
+            r.value(QStringLiteral("ProductSource")));
         r[QStringLiteral("MinWidth")] = 12 + int(i % 3) * 6;
         r[QStringLiteral("MaxWidth")] = 72 + int(i % 4) * 24;
         r[QStringLiteral("MinHeight")] = 12 + int(i % 2) * 12;
@@ -109,17 +121,23 @@ QList<Record> vendors(const HostDatabase *database)
 }
 
 // One line per ordered product: order i has one to three lines, so the grouped and the
-// plain order reports both have something to show.
-QList<Record> orders(const HostDatabase *database)
+// plain order reports both have something to show. Orders come every two to five days,
+// the last one today, so that every named date range has some; the older ones are
+// installed.
+QList<Record> orders(const HostDatabase *database, const QDate &today)
 {
     const QList<Record> catalogue = products(database);
     QList<Record> records;
     if (catalogue.isEmpty())
         return records;
-    const QDate first(2024, 1, 3);
-    for (int order = 0; order < 24; ++order) {
+    constexpr int count = 40;
+    for (int order = 0; order < count; ++order) {
         const Customer &customer = customers[size_t(order) % customers.size()];
-        const QDate ordered = first.addDays(order * 4 + order % 3);
+        const int age = (count - 1 - order) * 3 + order % 3;
+        const QDate ordered = today.addDays(-age);
+        const QString status = age > installedAfterDays
+                                   ? QStringLiteral("Installed")
+                                   : text(statuses[size_t(order) % statuses.size()]);
         const int lines = 1 + order % 3;
         double total = 0;
         QList<Record> orderLines;
@@ -138,8 +156,10 @@ QList<Record> orders(const HostDatabase *database)
             r[QStringLiteral("Sidemark")] = text(rooms[size_t(order + line) % rooms.size()]);
             r[QStringLiteral("Salesperson")] = text(
                 salespeople[size_t(order) % salespeople.size()]);
-            r[QStringLiteral("Status")] = text(statuses[size_t(order) % statuses.size()]);
-            for (const char *key : {"VendorName", "Manufacturer", "ProductType", "Product"})
+            r[QStringLiteral("Status")] = status;
+            r[QStringLiteral("Installed")] = age > installedAfterDays;
+            for (const char *key :
+                 {"VendorName", "Manufacturer", "ProductType", "Product", "ProductSource"})
                 r[QLatin1String(key)] = product.value(QLatin1String(key));
             r[QStringLiteral("Vendor")] = product.value(QStringLiteral("VendorName"));
             r[QStringLiteral("Quantity")] = quantity;
@@ -165,13 +185,13 @@ QList<Record> orders(const HostDatabase *database)
 
 } // namespace
 
-QList<Record> SourceRecords(const HostDatabase *database, const QString &source)
+QList<Record> SourceRecords(const HostDatabase *database, const QString &source, const QDate &today)
 {
     if (source.compare(QLatin1String("Products"), Qt::CaseInsensitive) == 0)
         return products(database);
     if (source.compare(QLatin1String("Vendors"), Qt::CaseInsensitive) == 0)
         return vendors(database);
-    return orders(database);
+    return orders(database, today);
 }
 
 Quote SampleQuote(const HostDatabase *database)
