@@ -107,8 +107,12 @@ void MainWindow::showEvent(QShowEvent *event)
     QMainWindow::showEvent(event);
     // Fitted once the texts are in and the fonts are known; the last column stretches.
     if (!m_columnsPlaced) {
-        for (int c : {ReportColumn, DescriptionColumn, ConfigurationColumn})
+        for (int c : {ReportColumn, DescriptionColumn, ConfigurationColumn}) {
             m_list->resizeColumnToContents(c);
+            // A little air before the next column's text.
+            m_list->setColumnWidth(c,
+                                   m_list->columnWidth(c) + 2 * fontMetrics().averageCharWidth());
+        }
         m_columnsPlaced = true;
     }
 }

@@ -30,6 +30,8 @@ frmPrinterDetails::frmPrinterDetails(QWidget *parent)
     : ModalForm(parent, false, Placement::Default), ui(std::make_unique<Ui::frmPrinterDetails>())
 {
     ui->setupUi(this);
+    // Wide enough for a device address on a line or two.
+    setMinimumWidth(fontMetrics().averageCharWidth() * 64);
     connect(ui->cmdClose, &QPushButton::clicked, this, &QDialog::accept);
 }
 

@@ -30,7 +30,7 @@ QUrl PrintServerPage(const QString &server, int port, const QString &page,
     address.setScheme(QStringLiteral("http"));
     address.setHost(host); // an IPv6 address gets its brackets here
     address.setPort(port);
-    address.setPath(u'/' + page);
+    address.setPath(u'/' + page, QUrl::TolerantMode); // the page comes percent-encoded
     return address;
 }
 
