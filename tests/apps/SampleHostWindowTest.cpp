@@ -21,6 +21,7 @@
 #include <QLabel>
 #include <QMap>
 #include <QMenu>
+#include <QMenuBar>
 #include <QRegularExpression>
 #include <QScreen>
 #include <QStatusBar>
@@ -260,10 +261,12 @@ TEST_F(SampleHostWindow, TheStatusLineOutlastsAMenusStatusTips)
     window->show();
     const QString status = statusLine();
     ASSERT_EQ(status, "Every printer configuration has a printer of its own.");
-    // Passing over a menu's commands sends the window their status tips, empty ones too.
+    // Passing over the commands of a menu opened from the menu bar sends the window their
+    // status tips, empty ones too.
     QMenu *reportMenu = window->menu(QStringLiteral("&Report"));
-    reportMenu->popup(window->mapToGlobal(QPoint(10, 10)));
+    window->menuBar()->setActiveAction(reportMenu->menuAction());
     Settle();
+    ASSERT_TRUE(reportMenu->isVisible());
     for (QAction *command : reportMenu->actions())
         if (!command->isSeparator())
             QTest::mouseMove(reportMenu, reportMenu->actionGeometry(command).center());
