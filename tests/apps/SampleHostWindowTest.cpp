@@ -241,6 +241,7 @@ TEST_F(SampleHostWindow, KeepsItsPlaceAndColumnsInItsDataFolder)
         SCOPED_TRACE(c.name);
         window->show();
         window->setGeometry(c.stored);
+        ASSERT_EQ(window->geometry(), c.stored);
         list->header()->resizeSection(0, 233);
         window->close();
         ASSERT_TRUE(QFileInfo::exists(MainWindow::placeFile(data.path())));
