@@ -167,12 +167,11 @@ void MainWindow::addReportCommands()
         [this, context]() { PreviewReport(context, *currentReport()); });
     add(QStringLiteral("&Print"), QKeySequence::Print, false, [this, context]() {
         const DealerReport &report = *currentReport();
-        // Without a printer there is nothing to ask about: the dealer is told which
-        // configuration needs one, or where none has a printer, the library says so itself.
-        if (hasPrinter(report) ? confirmPrint() : !m_anyPrinter)
-            PrintReport(context, report);
-        else if (!hasPrinter(report))
-            sayNoPrinter(report);
+        const bool printer = hasPrinter(report);
+        if (!printer && m_anyPrinter)
+            sayNoPrinter(report); // nothing is sent
+        else if (!printer || confirmPrint())
+            PrintReport(context, report); // with no printer at all, the library says so
     });
     add(QStringLiteral("Print to P&DF..."), {}, false,
         [this, context]() { PrintReportToPdf(context, *currentReport(), m_outputFolder); });
