@@ -11,8 +11,12 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QCloseEvent>
+#include <QDir>
 #include <QHeaderView>
+#include <QLabel>
 #include <QMenuBar>
+#include <QSettings>
 #include <QStatusBar>
 #include <QStyle>
 #include <QToolBar>
@@ -37,6 +41,7 @@ MainWindow::MainWindow(QObject *library, SampleHost *host, const QString &output
       m_outputFolder(outputFolder),
       m_reports(DealerReports(host->dataFolder())),
       m_list(new QTreeWidget),
+      m_statusLine(new QLabel),
       m_diagnostics(new DiagnosticsWindow(library, this))
 {
     setWindowTitle(QStringLiteral("Sunbridge Window Fashions - Reports"));
@@ -48,9 +53,12 @@ MainWindow::MainWindow(QObject *library, SampleHost *host, const QString &output
     m_list->setUniformRowHeights(true);
     for (const DealerReport &report : m_reports)
         m_list->addTopLevelItem(new QTreeWidgetItem(QStringList{report.name, report.description}));
-    m_list->header()->setSectionResizeMode(DescriptionColumn, QHeaderView::Stretch);
-    m_list->header()->setStretchLastSection(false);
+    // Every column is the user's to size; the printer's takes what is left.
+    m_list->header()->setSectionResizeMode(QHeaderView::Interactive);
+    m_list->header()->setStretchLastSection(true);
     setCentralWidget(m_list);
+    m_statusLine->setObjectName(QStringLiteral("statusLine"));
+    statusBar()->addWidget(m_statusLine, 1);
     resize(1040, 420);
 
     QMenu *file = menu(QStringLiteral("&File"));
@@ -60,6 +68,7 @@ MainWindow::MainWindow(QObject *library, SampleHost *host, const QString &output
     QMenu *help = menu(QStringLiteral("&Help"));
     QAction *diagnostics = help->addAction(QStringLiteral("&Diagnostics"));
     connect(diagnostics, &QAction::triggered, m_diagnostics, &DiagnosticsWindow::showUpdated);
+    help->addAction(QStringLiteral("&About..."), this, &MainWindow::showAbout);
 
     connect(m_list, &QTreeWidget::currentItemChanged, this, &MainWindow::updateActions);
     connect(m_list, &QTreeWidget::itemActivated, this, [this]() {
@@ -68,8 +77,58 @@ MainWindow::MainWindow(QObject *library, SampleHost *host, const QString &output
     });
     refresh();
     selectReport(0);
-    for (int c : {ReportColumn, ConfigurationColumn, PrinterColumn})
-        m_list->resizeColumnToContents(c);
+    restorePlace();
+}
+
+QString MainWindow::placeFile(const QString &dataFolder)
+{
+    return QDir(dataFolder).filePath(QStringLiteral("window.ini"));
+}
+
+// Restored before the first show, as restoreGeometry() wants; a place on a screen that is
+// gone comes back on one that is there.
+void MainWindow::restorePlace()
+{
+    const QSettings place(placeFile(m_host->dataFolder()), QSettings::IniFormat);
+    restoreGeometry(place.value(QStringLiteral("MainWindow/geometry")).toByteArray());
+    m_columnsPlaced = m_list->header()->restoreState(
+        place.value(QStringLiteral("MainWindow/columns")).toByteArray());
+}
+
+void MainWindow::savePlace() const
+{
+    QSettings place(placeFile(m_host->dataFolder()), QSettings::IniFormat);
+    place.setValue(QStringLiteral("MainWindow/geometry"), saveGeometry());
+    place.setValue(QStringLiteral("MainWindow/columns"), m_list->header()->saveState());
+}
+
+void MainWindow::showEvent(QShowEvent *event)
+{
+    QMainWindow::showEvent(event);
+    // Fitted once the texts are in and the fonts are known; the last column stretches.
+    if (!m_columnsPlaced) {
+        for (int c : {ReportColumn, DescriptionColumn, ConfigurationColumn}) {
+            m_list->resizeColumnToContents(c);
+            // A little air before the next column's text.
+            m_list->setColumnWidth(c,
+                                   m_list->columnWidth(c) + 2 * fontMetrics().averageCharWidth());
+        }
+        m_columnsPlaced = true;
+    }
+}
+
+void MainWindow::closeEvent(QCloseEvent *event)
+{
+    savePlace();
+    QMainWindow::closeEvent(event);
+}
+
+void MainWindow::showAbout()
+{
+    ShowMessage(QStringLiteral("%1\n\nbravcpl5, the common printing library, version %2\nQt %3")
+                    .arg(QApplication::applicationDisplayName(), QStringLiteral(BRAVCPL5_VERSION),
+                         QString::fromLatin1(qVersion())),
+                QMessageBox::Information, QMessageBox::Ok, this);
 }
 
 QMenu *MainWindow::menu(const QString &title)
@@ -107,8 +166,12 @@ void MainWindow::addReportCommands()
     add(QStringLiteral("Pre&view"), QKeySequence(Qt::CTRL | Qt::Key_F2), false,
         [this, context]() { PreviewReport(context, *currentReport()); });
     add(QStringLiteral("&Print"), QKeySequence::Print, false, [this, context]() {
-        if (confirmPrint())
-            PrintReport(context, *currentReport());
+        const DealerReport &report = *currentReport();
+        const bool printer = hasPrinter(report);
+        if (!printer && m_anyPrinter)
+            sayNoPrinter(report); // nothing is sent
+        else if (!printer || confirmPrint())
+            PrintReport(context, report); // with no printer at all, the library says so
     });
     add(QStringLiteral("Print to P&DF..."), {}, false,
         [this, context]() { PrintReportToPdf(context, *currentReport(), m_outputFolder); });
@@ -146,7 +209,7 @@ void MainWindow::updateStatus()
 {
     const int row = m_list->indexOfTopLevelItem(m_list->currentItem());
     const QString findings = m_findings.value(row);
-    statusBar()->showMessage(
+    m_statusLine->setText(
         findings.isEmpty()
             ? m_status
             : QStringLiteral("%1 cannot be printed as configured: %2")
@@ -163,6 +226,22 @@ bool MainWindow::confirmPrint()
                               .arg(m_reports[row].name, findings),
                           QMessageBox::Warning, QMessageBox::Yes | QMessageBox::No, this)
                   == QMessageBox::Yes;
+}
+
+bool MainWindow::hasPrinter(const DealerReport &report) const
+{
+    return !late::text(store(*this), "GetPrinterConfigurationToUse",
+                       {PrinterConfigurationOf(m_library, report), false})
+                .isEmpty();
+}
+
+void MainWindow::sayNoPrinter(const DealerReport &report)
+{
+    ShowMessage(QStringLiteral("The printer configuration '%1' of the report '%2' has no printer "
+                               "on this computer. Assign one in Settings > Printer "
+                               "Configurations.")
+                    .arg(PrinterConfigurationOf(m_library, report), report.name),
+                QMessageBox::Warning, QMessageBox::Ok, this);
 }
 
 // ShowGeneralReportFilters or ShowGeneralReportFields on the report's configuration file,
@@ -252,12 +331,15 @@ void MainWindow::refresh()
         else
             ++withDefault;
     }
+    m_anyPrinter = without.size() < names.size() - names.count(QString());
     if (!without.isEmpty())
-        m_status = QStringLiteral(
-                       "%1 printer configuration(s) have no printer (%2): Settings > Printer "
-                       "Configurations assigns one.")
-                       .arg(without.size())
-                       .arg(without.join(QStringLiteral(", ")));
+        m_status =
+            QStringLiteral("%1 no printer (%2): Settings > Printer Configurations assigns "
+                           "one.")
+                .arg(without.size() == 1
+                         ? QStringLiteral("1 printer configuration has")
+                         : QStringLiteral("%1 printer configurations have").arg(without.size()),
+                     without.join(QStringLiteral(", ")));
     else if (withDefault > 0)
         m_status =
             QStringLiteral(

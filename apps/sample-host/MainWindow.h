@@ -4,6 +4,7 @@
 // printer configuration and the printer each prints with, commands to preview, print or
 // export the selected one and to edit its filters, fields and layout, the workstation's
 // settings dialogs, and a status line saying whether every configuration has a printer.
+// The window keeps its size, place and column widths in the sample host's data folder.
 // A report whose printer cannot print its configuration as stored (paper, bin, margins,
 // labels, or the printer not ready) is marked in the list, named in the status line when
 // selected, and printed only when the dealer says so.
@@ -17,6 +18,7 @@
 
 class DiagnosticsWindow;
 class QAction;
+class QLabel;
 class QTreeWidget;
 class SampleHost;
 
@@ -61,6 +63,13 @@ public:
     // are created afresh (with the fonts as they are now) on their next use.
     void restartLibrary();
 
+    // Where the window's size, place and column widths are kept.
+    static QString placeFile(const QString &dataFolder);
+
+protected:
+    void showEvent(QShowEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
+
 private:
     const DealerReport *currentReport() const;
     void updateActions();
@@ -68,6 +77,13 @@ private:
     // Whether to print the current report: at once when its printer can print it, else when
     // the dealer, told why not, still wants to.
     bool confirmPrint();
+    // Whether the report's configuration prints on a printer, its own or the default one.
+    bool hasPrinter(const DealerReport &report) const;
+    // Names the configuration that needs a printer, for a computer where others have one.
+    void sayNoPrinter(const DealerReport &report);
+    void showAbout();
+    void restorePlace();
+    void savePlace() const;
     void addReportCommands();
     void showReportDialog(const char *member);
     void editLayout();
@@ -76,9 +92,14 @@ private:
     SampleHost *m_host;
     QString m_outputFolder;
     QList<DealerReport> m_reports;
-    QStringList m_findings; // by row: what the printer cannot print, "" for nothing
-    QString m_status;       // the status line when no report with findings is selected
+    QStringList m_findings;    // by row: what the printer cannot print, "" for nothing
+    QString m_status;          // the status line when no report with findings is selected
+    bool m_anyPrinter = false; // some configuration has a printer, its own or the default
     QTreeWidget *m_list;
+    // The status line: a widget of the status bar, which a menu's passing status tips only
+    // hide for a moment, where showMessage() text is wiped by them.
+    QLabel *m_statusLine;
+    bool m_columnsPlaced = false; // restored, or fitted to their contents
     DiagnosticsWindow *m_diagnostics;
     QList<QAction *> m_anyReport, m_generalReport;
     QList<TourStep> m_tour;

@@ -3,6 +3,7 @@
 #include "ui_frmPrinterConfigurations.h"
 
 #include "forms/ReportGrid.h"
+#include "forms/frmPrinterDetails.h"
 #include "library/Library.h"
 #include "library/Messages.h"
 #include "printers/PrinterInfo.h"
@@ -311,11 +312,9 @@ void frmPrinterConfigurations::showPrinterProperties()
     QString printer = m_store->GetPrinterForConfiguration(m_rows[row].name);
     if (printer.isEmpty())
         printer = CurrentPrinterInfo().defaultPrinterName();
-    const QString failed = CurrentSystemPrinters().openPrinterProperties(printer);
-    if (!failed.isEmpty())
-        ShowMessage(QStringLiteral("The properties of the printer '%1' could not be opened (%2).")
-                        .arg(printer, failed),
-                    QMessageBox::Warning, QMessageBox::Ok, this);
+    // The system's own view where it has one, else what the print system says here.
+    if (!CurrentSystemPrinters().openPrinterProperties(printer))
+        ShowPrinterDetails(printer);
 }
 
 void frmPrinterConfigurations::lblShowPrinters_Click()

@@ -43,12 +43,16 @@ void numberSizes(QList<CupsPaperSize> &sizes)
         sizes[i].code = codes[i];
 }
 
-// The queue's state from its destination: "printer-state" 5 is stopped.
+// The queue's description and state from its destination: "printer-state" 5 is stopped.
 void readState(const cups_dest_t *dest, CupsQueue &result)
 {
     const auto option = [&](const char *name) {
         return QString::fromUtf8(cupsGetOption(name, dest->num_options, dest->options));
     };
+    result.description = option("printer-info");
+    result.makeAndModel = option("printer-make-and-model");
+    result.location = option("printer-location");
+    result.deviceUri = option("device-uri");
     result.stopped = option("printer-state").toInt() == IPP_PSTATE_STOPPED;
     result.acceptingJobs = option("printer-is-accepting-jobs") != QLatin1String("false");
     for (const QString &reason : option("printer-state-reasons").split(u',', Qt::SkipEmptyParts)) {

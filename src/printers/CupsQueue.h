@@ -49,6 +49,11 @@ struct CupsQueue {
     // The portrait range of custom sheets the printer takes, in points; empty for none.
     QSizeF customMin;
     QSizeF customMax;
+    // What the server says of the printer (PrinterDescription).
+    QString description;
+    QString makeAndModel;
+    QString location;
+    QString deviceUri;
     // The queue's state as the server gives it.
     bool stopped = false;
     bool acceptingJobs = true;

@@ -10,6 +10,8 @@ std::unique_ptr<SystemPrinters> &instance()
 }
 } // namespace
 
+PrinterDescription SystemPrinters::describePrinter(const QString &) { return {}; }
+
 SystemPrinters &CurrentSystemPrinters()
 {
     if (!instance())

@@ -1,15 +1,19 @@
 #include "printers/SystemPrinters.h"
 
+#include "printers/CupsQueue.h"
+#include "printers/PrintServerPage.h"
+
 #include <QDesktopServices>
 #include <QProcess>
 #include <QStandardPaths>
 #include <QUrl>
+#include <cups/cups.h>
 
 namespace bravcpl5 {
 
 namespace {
 
-// The desktop's printer settings when installed, else the CUPS web interface's pages.
+// The desktop's printer settings when installed, else the print server's web pages.
 class DesktopPrinters final : public SystemPrinters
 {
 public:
@@ -19,20 +23,31 @@ public:
             QStringLiteral("system-config-printer"));
         if (!tool.isEmpty())
             return QProcess::startDetached(tool, {}) ? QString() : tool;
-        return openPage(QStringLiteral("printers/"));
+        const QUrl address = page(QStringLiteral("printers/"));
+        if (address.isEmpty())
+            return QStringLiteral("the print server %1 has no web interface")
+                .arg(QString::fromUtf8(cupsServer()));
+        return QDesktopServices::openUrl(address) ? QString() : address.toString();
     }
 
-    QString openPrinterProperties(const QString &printer) override
+    bool openPrinterProperties(const QString &printer) override
     {
-        return openPage(QStringLiteral("printers/")
-                        + QString::fromLatin1(QUrl::toPercentEncoding(printer)));
+        const QUrl address = page(QStringLiteral("printers/")
+                                  + QString::fromLatin1(QUrl::toPercentEncoding(printer)));
+        return !address.isEmpty() && QDesktopServices::openUrl(address);
+    }
+
+    PrinterDescription describePrinter(const QString &printer) override
+    {
+        const CupsQueue queue = ReadCupsQueue(printer);
+        return {queue.description, queue.makeAndModel, queue.location, queue.deviceUri};
     }
 
 private:
-    static QString openPage(const QString &page)
+    static QUrl page(const QString &path)
     {
-        const QUrl address(QStringLiteral("http://localhost:631/") + page);
-        return QDesktopServices::openUrl(address) ? QString() : address.toString();
+        return PrintServerPage(QString::fromUtf8(cupsServer()), ippPort(), path,
+                               AcceptsConnectionSoon);
     }
 };
 

@@ -16,10 +16,11 @@ public:
                     QStringLiteral("PrintersFolder")});
     }
 
-    QString openPrinterProperties(const QString &printer) override
+    bool openPrinterProperties(const QString &printer) override
     {
         return run({QStringLiteral("printui.dll,PrintUIEntry"), QStringLiteral("/p"),
-                    QStringLiteral("/n"), printer});
+                    QStringLiteral("/n"), printer})
+            .isEmpty();
     }
 
 private:

@@ -188,12 +188,12 @@ HostRun runSampleHost(const QDir &root, const QStringList &arguments = {})
             QString::fromUtf8(host.readAllStandardError())};
 }
 
-// Neither the configuration folder that HOME implies nor the one XDG_CONFIG_HOME names got
-// a registry file of the library's.
+// Neither the configuration folder that HOME implies nor the one XDG_CONFIG_HOME names was
+// made: the registry file and the window's place stay in the data folder.
 void expectUsersSettingsUntouched(const QDir &root)
 {
-    EXPECT_FALSE(QFileInfo::exists(root.filePath(QStringLiteral("home/.config/bravcpl5"))));
-    EXPECT_FALSE(QFileInfo::exists(root.filePath(QStringLiteral("config/bravcpl5"))));
+    EXPECT_FALSE(QFileInfo::exists(root.filePath(QStringLiteral("home/.config"))));
+    EXPECT_FALSE(QFileInfo::exists(root.filePath(QStringLiteral("config"))));
 }
 
 TEST(SampleHostTour, WritesEveryPictureAndReportQuietly)

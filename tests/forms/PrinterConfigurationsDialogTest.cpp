@@ -28,7 +28,8 @@
 namespace bravcpl5::test {
 namespace {
 
-// Records what the dialog asked the system to open; `failure` is what it then reports.
+// Records what the dialog asked the system to open; `failure` is what it then reports, and
+// with one the system has no properties view to open either.
 struct RecordingSystemPrinters final : SystemPrinters {
     QStringList *opened;
     QString failure;
@@ -37,10 +38,10 @@ struct RecordingSystemPrinters final : SystemPrinters {
         opened->append(QStringLiteral("printers"));
         return failure;
     }
-    QString openPrinterProperties(const QString &printer) override
+    bool openPrinterProperties(const QString &printer) override
     {
         opened->append(QStringLiteral("properties of ") + printer);
-        return failure;
+        return failure.isEmpty();
     }
 };
 
