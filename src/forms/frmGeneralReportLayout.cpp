@@ -52,9 +52,12 @@ void addFormats(QComboBox *list, const QStringList &formats, Format example)
 
 QString fileDate(const QDateTime &when) { return values::toGeneralDate(when); }
 
+// Windows' code for Letter: the paper of a page setup that names none the preview knows.
+constexpr int letterPaperCode = 1;
+
 // The page a configuration prints on, in inches: its paper turned as it says, with its
-// margins. A standard paper code stores no size of its own, so the code gives it; a page
-// setup without a paper is taken as Letter (code 1). None without a page setup.
+// margins. A standard paper code stores no size of its own, so the code gives it. None
+// without a page setup.
 std::optional<FurniturePreview::Page> configurationPage(PrinterConfigurations *store,
                                                         const QString &configuration)
 {
@@ -65,9 +68,9 @@ std::optional<FurniturePreview::Page> configurationPage(PrinterConfigurations *s
         || !store->readPageSetup(configuration, asStored, PaperDefaults(), setup))
         return std::nullopt;
     if (setup.paperSize.value_or(0) < FirstPrinterPaperCode) {
-        QSizeF points = PaperCodePoints(setup.paperSize.value_or(1));
+        QSizeF points = PaperCodePoints(setup.paperSize.value_or(letterPaperCode));
         if (points.isEmpty())
-            points = PaperCodePoints(1);
+            points = PaperCodePoints(letterPaperCode);
         setup.paperWidth = PaperLengthText(qRound(points.width() * TwipsPerPoint));
         setup.paperHeight = PaperLengthText(qRound(points.height() * TwipsPerPoint));
     }
