@@ -17,25 +17,30 @@
 #include <QTreeWidget>
 #include <functional>
 
-namespace {
-
-// A dialog as it opened, then each further tab of its tab control as <name>-<tab>.
-bool saveDialog(QWidget *dialog, const QString &outputFolder, const QString &name)
+bool SaveDialog(QWidget *dialog, const QString &outputFolder, const QString &name)
 {
     bool saved = SaveScreenshot(dialog, outputFolder, name);
-    if (auto *tabs = dialog->findChild<QTabWidget *>()) {
-        for (int i = 1; i < tabs->count(); ++i) {
-            tabs->setCurrentIndex(i);
-            QApplication::processEvents();
-            const QString tab = tabs->tabText(i)
-                                    .remove(QLatin1Char('&'))
-                                    .toLower()
-                                    .replace(QLatin1Char(' '), QLatin1Char('-'));
-            saved = SaveScreenshot(dialog, outputFolder, name + QLatin1Char('-') + tab) && saved;
-        }
+    auto *tabs = dialog->findChild<QTabWidget *>();
+    if (!tabs)
+        return saved;
+    // A disabled tab cannot be opened by a user, so it is never shown as if it were open.
+    const int opened = tabs->currentIndex();
+    for (int i = 0; i < tabs->count(); ++i) {
+        if (i == opened || !tabs->isTabEnabled(i))
+            continue;
+        tabs->setCurrentIndex(i);
+        QApplication::processEvents();
+        const QString tab = tabs->tabText(i)
+                                .remove(QLatin1Char('&'))
+                                .toLower()
+                                .replace(QLatin1Char(' '), QLatin1Char('-'));
+        saved = SaveScreenshot(dialog, outputFolder, name + QLatin1Char('-') + tab) && saved;
     }
+    tabs->setCurrentIndex(opened);
     return saved;
 }
+
+namespace {
 
 // File names of the tour's outputs: "Open Orders" gives "open-orders".
 QString slug(QString text) { return text.toLower().replace(QLatin1Char(' '), QLatin1Char('-')); }
@@ -118,7 +123,7 @@ int RunTour(MainWindow &window, const QString &outputFolder)
                 return;
             watcher.stop();
             QApplication::processEvents();
-            if (!saveDialog(modal, outputFolder, screenshotName))
+            if (!SaveDialog(modal, outputFolder, screenshotName))
                 ++failures;
             if (auto *dialog = qobject_cast<QDialog *>(modal))
                 dialog->reject();

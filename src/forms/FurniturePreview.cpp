@@ -9,8 +9,6 @@
 namespace bravcpl5 {
 
 namespace {
-// The width of the printed area the picture stands for: a letter page with 1-inch margins.
-constexpr double pageWidthInches = 6.5;
 constexpr std::int16_t furnitureTypes[] = {furnitureFont::company,   furnitureFont::title,
                                            furnitureFont::subTitle,  furnitureFont::printDate,
                                            furnitureFont::printTime, furnitureFont::extraLine,
@@ -65,6 +63,22 @@ void FurniturePreview::setLines(const QList<FurnitureLine> &header,
     update();
 }
 
+void FurniturePreview::setPage(const Page &page)
+{
+    if (page.paper.isEmpty() || page == m_page)
+        return;
+    m_page = page;
+    update();
+}
+
+QRectF FurniturePreview::pageRect() const
+{
+    // A thin border of the window's colour stays around the page.
+    const QRectF room = QRectF(rect()).adjusted(4, 4, -5, -5);
+    const QSizeF page = m_page.paper.scaled(room.size(), Qt::KeepAspectRatio);
+    return QRectF(room.center() - QPointF(page.width(), page.height()) / 2, page);
+}
+
 FurniturePreview::LineStyle FurniturePreview::style(const FurnitureLine &line, double scale) const
 {
     LineStyle style = m_styles.value(line.fontType,
@@ -79,15 +93,15 @@ void FurniturePreview::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     painter.fillRect(rect(), palette().window());
-    // The page: white, with a thin edge, its printed area inset by a margin.
-    const QRectF page = QRectF(rect()).adjusted(4, 4, -5, -5);
+    // The page: white, with a thin edge, its printed area inset by its margins.
+    const QRectF page = pageRect();
     painter.fillRect(page, Qt::white);
     painter.setPen(palette().mid().color());
     painter.drawRect(page);
-    const double margin = page.width() / (pageWidthInches + 2);
-    const QRectF area = page.adjusted(margin, margin * 0.75, -margin, -margin * 0.75);
+    const double perInch = page.width() / m_page.paper.width();
+    const QRectF area = page - m_page.margins * perInch;
     // Point sizes shrink with the page, so a line keeps its share of the width.
-    const double scale = area.width() / (pageWidthInches * logicalDpiX());
+    const double scale = perInch / logicalDpiX();
 
     double y = area.top();
     auto drawLine = [&](const FurnitureLine &line, double top) {
@@ -109,7 +123,7 @@ void FurniturePreview::paintEvent(QPaintEvent *)
     const double footerTop = area.bottom() - footerHeight;
 
     // The report's rows, as grey bars between the furniture.
-    const double rowHeight = qMax(3.0, area.width() / 40);
+    const double rowHeight = qMax(3.0, perInch / 6);
     painter.setPen(Qt::NoPen);
     painter.setBrush(QColor(0xDD, 0xDD, 0xDD));
     int row = 0;

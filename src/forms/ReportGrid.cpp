@@ -106,4 +106,14 @@ void ShowGridRows(QTreeWidget *grid, const QList<QTreeWidgetItem *> &rows, int c
         grid->setCurrentItem(rows.first(), column);
 }
 
+int GridHeightForRows(QTreeWidget *grid, int rows)
+{
+    // One row as the grid would show it, measured and taken out again.
+    QTreeWidgetItem probe(QStringList{QStringLiteral("Xg")});
+    grid->addTopLevelItem(&probe);
+    const int row = grid->sizeHintForRow(0);
+    grid->takeTopLevelItem(0);
+    return grid->header()->sizeHint().height() + rows * row + 2 * grid->frameWidth();
+}
+
 } // namespace bravcpl5

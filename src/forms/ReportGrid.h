@@ -37,4 +37,8 @@ CellEditor::CellRule EditColumnAsText(int column);
 // and puts the current cell on the first row's `column`, ready for the keyboard.
 void ShowGridRows(QTreeWidget *grid, const QList<QTreeWidgetItem *> &rows, int column);
 
+// The height at which the grid shows its header and `rows` rows without scrolling, each row
+// as high as its cell editor makes it in the grid's font. The grid must still be empty.
+int GridHeightForRows(QTreeWidget *grid, int rows);
+
 } // namespace bravcpl5

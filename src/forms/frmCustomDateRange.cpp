@@ -2,6 +2,7 @@
 
 #include "ui_frmCustomDateRange.h"
 
+#include "forms/CaptionWidth.h"
 #include "forms/DateText.h"
 #include "forms/DropDownCalendar.h"
 #include "forms/Glyphs.h"
@@ -32,8 +33,9 @@ frmCustomDateRange::frmCustomDateRange(QWidget *parent)
     }
     connect(ui->cmdOK, &QPushButton::clicked, this, &frmCustomDateRange::cmdOK_Click);
     connect(ui->cmdCancel, &QPushButton::clicked, this, &frmCustomDateRange::cmdCancel_Click);
-    // Wide enough for the title; only the width may grow.
-    setMinimumWidth(sizeHint().width() + 40);
+    // Wide enough for its caption, whose window manager would cut the title short
+    // otherwise; only the width may grow.
+    setMinimumWidth(qMax(sizeHint().width(), CaptionWidth(this)));
     setMaximumHeight(sizeHint().height());
 }
 

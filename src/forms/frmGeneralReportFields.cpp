@@ -18,6 +18,10 @@ frmGeneralReportFields::frmGeneralReportFields(QWidget *parent)
     ui->setupUi(this);
     CellEditor *editor = SetupReportGrid(ui->rptItems, {SizeColumn, EditColumnAsText(SizeColumn)});
     connect(editor, &CellEditor::edited, this, &frmGeneralReportFields::sizeEdited);
+    // It opens tall enough to show twelve fields without scrolling (the sample price list
+    // has twelve); a remembered size, or the user, may make it smaller.
+    const int taller = GridHeightForRows(ui->rptItems, 12) - ui->rptItems->sizeHint().height();
+    resize(width(), qMax(height(), sizeHint().height() + taller));
     connect(ui->cmdOK, &QPushButton::clicked, this, &frmGeneralReportFields::cmdOK_Click);
     connect(ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
 }

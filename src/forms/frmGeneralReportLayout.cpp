@@ -10,7 +10,11 @@
 #include "layout/ReportLayout.h"
 #include "library/LateBinding.h"
 #include "library/Messages.h"
+#include "library/Units.h"
 #include "library/ValueRules.h"
+#include "printers/PaperSizeCodes.h"
+#include "printing/PageSetupFields.h"
+#include "printing/PrinterConfigurations.h"
 
 #include <QCloseEvent>
 #include <QFileInfo>
@@ -47,6 +51,37 @@ void addFormats(QComboBox *list, const QStringList &formats, Format example)
 }
 
 QString fileDate(const QDateTime &when) { return values::toGeneralDate(when); }
+
+// Windows' code for Letter: the paper of a page setup that names none the preview knows.
+constexpr int letterPaperCode = 1;
+
+// The page a configuration prints on, in inches: its paper turned as it says, with its
+// margins. A standard paper code stores no size of its own, so the code gives it. None
+// without a page setup.
+std::optional<FurniturePreview::Page> configurationPage(PrinterConfigurations *store,
+                                                        const QString &configuration)
+{
+    PageSetupChoices asStored;
+    asStored.storedCodes = true;
+    PageSetup setup;
+    if (!store || configuration.isEmpty()
+        || !store->readPageSetup(configuration, asStored, PaperDefaults(), setup))
+        return std::nullopt;
+    if (setup.paperSize.value_or(0) < FirstPrinterPaperCode) {
+        QSizeF points = PaperCodePoints(setup.paperSize.value_or(letterPaperCode));
+        if (points.isEmpty())
+            points = PaperCodePoints(letterPaperCode);
+        setup.paperWidth = PaperLengthText(qRound(points.width() * TwipsPerPoint));
+        setup.paperHeight = PaperLengthText(qRound(points.height() * TwipsPerPoint));
+    }
+    const PageSetupPreviewInfo page = PreviewRecord(setup);
+    if (page.PaperWidth <= 0 || page.PaperHeight <= 0)
+        return std::nullopt;
+    return FurniturePreview::Page{
+        QSizeF(page.PaperWidth, page.PaperHeight) / TwipsPerInch,
+        QMarginsF(page.LeftMargin, page.TopMargin, page.RightMargin, page.BottomMargin)
+            / TwipsPerInch};
+}
 
 } // namespace
 
@@ -101,6 +136,10 @@ frmGeneralReportLayout::frmGeneralReportLayout(QWidget *parent)
         connect(list, &QComboBox::currentTextChanged, this, &frmGeneralReportLayout::updatePreview);
     for (QLineEdit *field : {ui->txtCompany, ui->txtExtraLine})
         connect(field, &QLineEdit::textChanged, this, &frmGeneralReportLayout::updatePreview);
+    connect(ui->chkUseCustomPrinterConfiguration, &QCheckBox::toggled, this,
+            &frmGeneralReportLayout::updatePage);
+    connect(ui->cboCustomPrinterConfiguration, &QComboBox::currentTextChanged, this,
+            &frmGeneralReportLayout::updatePage);
     connect(ui->lblManagePrinterConfigurations, &QLabel::linkActivated, this,
             &frmGeneralReportLayout::lblManagePrinterConfigurations_Click);
     connect(ui->cmdOK, &QPushButton::clicked, this, &frmGeneralReportLayout::cmdOK_Click);
@@ -130,6 +169,7 @@ void frmGeneralReportLayout::firstActivation()
     FillPrinterConfigurations();
     ReadDocument();
     UpdateEnabledStates();
+    updatePage();
     m_busy = false;
 }
 
@@ -254,6 +294,19 @@ void frmGeneralReportLayout::updatePreview()
     const GeneralReportLayout layout = fromControls();
     ui->picFurniture->setLines(HeaderFurniture(layout, sampleTitles, QDateTime::currentDateTime()),
                                FooterFurniture(layout, samplePage, samplePageCount));
+}
+
+void frmGeneralReportLayout::updatePage()
+{
+    // A report without a configuration of its own prints on its own page, which the dialog
+    // does not know: the preview shows a Letter page then.
+    const auto page = ui->chkUseCustomPrinterConfiguration->isChecked() && m_layout
+                          ? configurationPage(
+                              qobject_cast<PrinterConfigurations *>(
+                                  late::object(m_layout->ownerObject(), "PrinterConfigurations")),
+                              ui->cboCustomPrinterConfiguration->currentText())
+                          : std::nullopt;
+    ui->picFurniture->setPage(page.value_or(FurniturePreview::Page()));
 }
 
 void frmGeneralReportLayout::cmdOK_Click()

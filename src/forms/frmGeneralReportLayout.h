@@ -60,6 +60,8 @@ private:
     GeneralReportLayout fromControls() const;
     void toControls(const GeneralReportLayout &layout);
     void updatePreview();
+    // The preview's page: the custom configuration's when one is used.
+    void updatePage();
 
     std::unique_ptr<Ui::frmGeneralReportLayout> ui;
     std::vector<ItemControls> m_items;

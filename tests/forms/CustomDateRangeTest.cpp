@@ -7,6 +7,7 @@
 #include "support/DialogDriver.h"
 #include "support/MessageRecorder.h"
 
+#include <QApplication>
 #include <QCalendarWidget>
 #include <QLineEdit>
 #include <QPushButton>
@@ -52,6 +53,43 @@ TEST(CustomDateRange, ShowsTheGivenDatesInTheMaskedFields)
     EXPECT_EQ(range.form.windowTitle(), "Custom Date Range");
     EXPECT_FALSE(range.form.isCancelled()) << "the dialog starts not cancelled";
     test::SaveScreenshot(&range.form, QStringLiteral("frmCustomDateRange"));
+}
+
+// Window managers write the caption in bold beside the window's icon and its minimize,
+// maximize and close buttons (each about as wide as the caption is high), and on X11 add the
+// application's name to it; the dialog opens wide enough for all of that, at small and large
+// fonts and with a long application name alike.
+TEST(CustomDateRange, OpensWideEnoughForItsWholeCaption)
+{
+    const QFont font = QApplication::font();
+    const QString application = QGuiApplication::applicationDisplayName();
+    const std::tuple<const char *, QFont, QString> cases[] = {
+        {"TestFont", font, application},
+        {"SmallSans", QFont(QStringLiteral("Liberation Sans"), 8), application},
+        {"LargeSerif", QFont(QStringLiteral("DejaVu Serif"), 16), application},
+        {"LongApplicationName", font,
+         QStringLiteral("Sunbridge Window Fashions Order Entry and Reports")},
+    };
+    for (const auto &[name, caseFont, caseApplication] : cases) {
+        SCOPED_TRACE(name);
+        QApplication::setFont(caseFont);
+        QGuiApplication::setApplicationDisplayName(caseApplication);
+        {
+            RangeForm range;
+            QFont bold = range.form.font();
+            bold.setBold(true);
+            const QFontMetrics caption(bold);
+            const int wanted = caption.horizontalAdvance(range.form.windowTitle()
+                                                         + QStringLiteral(" \u2014 ")
+                                                         + caseApplication)
+                               + 4 * caption.height();
+            EXPECT_GE(range.form.width(), wanted);
+            if (name == std::string("LargeSerif"))
+                test::SaveScreenshot(&range.form, QStringLiteral("frmCustomDateRange-large-font"));
+        }
+        QApplication::setFont(font);
+        QGuiApplication::setApplicationDisplayName(application);
+    }
 }
 
 // Equal dates are accepted; each refusal warns and leaves the focus on the field to mend.

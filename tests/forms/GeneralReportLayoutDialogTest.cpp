@@ -179,6 +179,52 @@ TEST_F(LayoutDialog, ThePreviewFollowsTheControls)
         [](QWidget *d) { child<QPushButton>(d, "cmdCancel")->click(); });
 }
 
+// The preview's page is the chosen configuration's paper, turned as it prints; a report
+// without a configuration of its own, or one whose file has no page setup, shows Letter
+// upright.
+TEST_F(LayoutDialog, ThePreviewPageHasTheConfigurationsPaperAndOrientation)
+{
+    const auto pageSetup = [](const char *elements) {
+        return QByteArray("<PrinterConfiguration><PageSetup>") + elements
+               + "</PageSetup></PrinterConfiguration>";
+    };
+    host.writeSystemFile(QStringLiteral("Landscape.pcx"),
+                         pageSetup("<PaperSize>1</PaperSize><Orientation>1</Orientation>"));
+    host.writeSystemFile(QStringLiteral("Legal.pcx"), pageSetup("<PaperSize>5</PaperSize>"));
+    host.writeSystemFile(QStringLiteral("Shipping Labels.pcx"),
+                         pageSetup("<PaperSize>260</PaperSize><PaperWidth>4</PaperWidth>"
+                                   "<PaperHeight>6</PaperHeight><Orientation>1</Orientation>"));
+    host.writeSystemFile(QStringLiteral("Turned Only.pcx"),
+                         pageSetup("<Orientation>1</Orientation>"));
+    const struct {
+        const char *configuration;
+        bool used;
+        double widthToHeight;
+    } cases[] = {
+        {"Landscape", true, 11 / 8.5},     {"Legal", true, 8.5 / 14},
+        {"Shipping Labels", true, 6 / 4.}, {"Turned Only", true, 11 / 8.5},
+        {"Letter", true, 8.5 / 11},        {"Landscape", false, 8.5 / 11},
+    };
+    run(
+        QString(),
+        [&](QWidget *d) {
+            auto *preview = child<FurniturePreview>(d, "picFurniture");
+            for (const auto &c : cases) {
+                SCOPED_TRACE(std::string(c.configuration) + (c.used ? "" : ", not used"));
+                child<QCheckBox>(d, "chkUseCustomPrinterConfiguration")->setChecked(c.used);
+                child<QComboBox>(d, "cboCustomPrinterConfiguration")
+                    ->setCurrentText(QLatin1String(c.configuration));
+                const QRectF page = preview->pageRect();
+                EXPECT_NEAR(page.width() / page.height(), c.widthToHeight, 0.01);
+                if (c.configuration == std::string("Landscape") && c.used) {
+                    preview->repaint();
+                    test::SaveScreenshot(d, QStringLiteral("frmGeneralReportLayout-landscape"));
+                }
+            }
+        },
+        [](QWidget *d) { child<QPushButton>(d, "cmdCancel")->click(); });
+}
+
 TEST_F(LayoutDialog, ManageRefillsTheConfigurationsKeepingTheChoice)
 {
     const QString own = host.writeSystemFile(QStringLiteral("Own.lyx"), systemLayout);

@@ -8,7 +8,9 @@
 #include "support/DialogDriver.h"
 #include "support/TestHost.h"
 
+#include <QApplication>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTest>
 #include <QTreeWidget>
 #include <gtest/gtest.h>
@@ -160,6 +162,40 @@ TEST_F(FieldsDialog, FilesWithoutFieldsShowNoRowsAndOkRewritesThemUnchanged)
     EXPECT_EQ(QString::fromUtf8(after).simplified().remove(' ').toStdString(),
               QString::fromUtf8(bare).replace('\'', '"').remove(' ').toStdString());
     EXPECT_FALSE(QFile::exists(missing));
+}
+
+// A report of twelve fields, as the sample price list has, shows every row at the dialog's
+// opening size, at the tests' font as at a large one.
+TEST_F(FieldsDialog, OpensWithTwelveFieldsInViewWithoutScrolling)
+{
+    QByteArray twelve = "<Report><Fields>";
+    for (int i = 1; i <= 12; ++i)
+        twelve += QStringLiteral("<Field%1 label=\"Field %1\" width=\"1\"/>").arg(i).toUtf8();
+    const QString path = host.writeSystemFile(QStringLiteral("Price List.rpx"),
+                                              twelve + "</Fields></Report>");
+    const QFont font = QApplication::font();
+    for (const int points : {font.pointSize(), 14}) {
+        SCOPED_TRACE(points);
+        QFont sized = font;
+        sized.setPointSize(points);
+        QApplication::setFont(sized);
+        // Each opening at its own size, not where the one before was left.
+        SetRegValue(HKEY_CURRENT_USER_HANDLE, QString::fromLatin1(WindowPositionsKey),
+                    QStringLiteral("frmGeneralReportFields"), QString());
+        run(
+            path,
+            [&](QWidget *dialog) {
+                QTreeWidget *rows = grid(dialog);
+                ASSERT_EQ(rows->topLevelItemCount(), 12);
+                EXPECT_FALSE(rows->verticalScrollBar()->isVisible());
+                EXPECT_LE(rows->visualItemRect(rows->topLevelItem(11)).bottom(),
+                          rows->viewport()->height());
+                if (points == 14)
+                    test::SaveScreenshot(dialog, QStringLiteral("frmGeneralReportFields-twelve"));
+            },
+            "cmdCancel");
+        QApplication::setFont(font);
+    }
 }
 
 TEST_F(FieldsDialog, RemembersItsPlaceAndSizeUnderItsFormName)
