@@ -1,5 +1,7 @@
 #include "GeneralReport.h"
 
+#include "ColumnText.h"
+
 #include "layout/FurnitureFormats.h"
 #include "layout/GeneralReportLayout.h"
 #include "layout/ReportFurniture.h"
@@ -32,6 +34,9 @@ enum FontType : qint16 {
 constexpr qint16 bold = 2;
 constexpr qint16 presetBottom = 2, presetDoubleBottom = 3, presetTopBottom = 4, presetThickTop = 13;
 constexpr qint32 gray25 = 0xC0C0C0, paleGray = 0xF0F0F0;
+
+// The most lines a column heading wraps onto.
+constexpr int maxHeadingLines = 3;
 
 // Room between the text and the lines of a row with borders above and below.
 constexpr double ruledRowPadding = TwipsPerInch / 24;
@@ -130,15 +135,29 @@ public:
 
     ReportLabel *pageNumber() const { return m_pageNumber; }
 
+    // A heading too wide for its column wraps at its words; the row grows to the most lines
+    // and every heading sits on the row's bottom line.
     void headings()
     {
         BandRow row;
+        QList<QStringList> lines;
         for (const Column &c : m_columns) {
             ReportLabel *heading = m_make.label(row, c.label, FieldHeading, c.left, c.width,
                                                 c.number ? alignRight : alignLeft);
             m_make.format(heading, "ApplyBackColorSettingsToControl", gray25);
             m_make.format(heading, "ApplyBorderToControl", presetBottom);
+            lines.append(WrapWords(c.label, PrintedMetrics(heading->font()->toQFont()),
+                                   c.width - 2 * ReportControl::TextPaddingTwips, maxHeadingLines));
         }
+        qsizetype most = 1;
+        for (const QStringList &heading : std::as_const(lines))
+            most = qMax(most, heading.size());
+        for (std::size_t i = 0; i < row.controls.size(); ++i) {
+            const QStringList &heading = lines[qsizetype(i)];
+            row.controls[i]->setProperty("Caption", QString(most - heading.size(), u'\n')
+                                                        + heading.join(u'\n'));
+        }
+        row.height *= double(most);
         m_report.columnHeadings.push_back(row);
         m_report.columnHeadings.push_back(Spacer(TwipsPerInch / 24));
     }
