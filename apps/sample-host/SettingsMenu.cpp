@@ -50,8 +50,13 @@ void printTestPage(MainWindow &window, const QString &name)
     if (printer.isEmpty())
         report.setOutputFileName(
             QDir(window.outputFolder()).filePath(QStringLiteral("test-page-%1.pdf").arg(name)));
-    const TestPageInfo info{name, printer, report.pageSettings()->paperSize(),
-                            report.pageSettings()->paperSource(), report.printWidth()};
+    const TestPageInfo info{name,
+                            installed,
+                            printer.isEmpty(),
+                            report.pageSettings()->paperSize(),
+                            report.pageSettings()->paperSource(),
+                            report.pageSettings()->paperWidth(),
+                            report.printWidth()};
     const bool printed = report.print([&](QPainter &painter, const ReportPageToDraw &page) {
         return DrawTestPage(painter, page, report.lastPage(), info);
     });
