@@ -63,12 +63,10 @@ QString cellText(const QVariant &value)
     }
 }
 
-// The columns the file lists, scaled down together when they are wider than the page.
-QList<Column> readColumns(const pugi::xml_document &document, const QList<Record> &records,
-                          double width)
+// The columns the file lists, each as wide as its size asks.
+QList<Column> readColumns(const pugi::xml_document &document, const QList<Record> &records)
 {
     QList<Column> columns;
-    double total = 0;
     for (pugi::xml_node field :
          SelectSingleNode(document, QStringLiteral("//Fields")).node().children()) {
         if (field.type() != pugi::node_element)
@@ -80,19 +78,12 @@ QList<Column> readColumns(const pugi::xml_document &document, const QList<Record
         const double inches = values::leadingNumber(size, QLocale());
         if (inches <= 0)
             continue;
-        Column column{key, GetXmlAttribute(field, QStringLiteral("label"), key), total,
+        Column column{key, GetXmlAttribute(field, QStringLiteral("label"), key), 0,
                       inches * TwipsPerInch};
         const QVariant sample = records.isEmpty() ? QVariant() : records.first().value(key);
         column.money = sample.typeId() == QMetaType::Double;
         column.number = column.money || sample.typeId() == QMetaType::Int;
-        total += column.width;
         columns.append(column);
-    }
-    if (total > width) {
-        for (Column &column : columns) {
-            column.left *= width / total;
-            column.width *= width / total;
-        }
     }
     return columns;
 }
@@ -135,28 +126,44 @@ public:
 
     ReportLabel *pageNumber() const { return m_pageNumber; }
 
-    // A heading too wide for its column wraps at its words; the row grows to the most lines
-    // and every heading sits on the row's bottom line.
+    // The column headings, with the columns fitted to the width: scaled down together when
+    // they are wider, though never narrower than their heading's longest word. A heading
+    // too wide for its column wraps at its words; the row grows to the most lines and every
+    // heading sits on the row's bottom line. Comes before the body, which takes its columns.
     void headings()
     {
         BandRow row;
-        QList<QStringList> lines;
+        QList<QFontMetricsF> metrics;
+        QList<double> wanted, least;
         for (const Column &c : m_columns) {
-            ReportLabel *heading = m_make.label(row, c.label, FieldHeading, c.left, c.width,
+            ReportLabel *heading = m_make.label(row, c.label, FieldHeading, 0, 0,
                                                 c.number ? alignRight : alignLeft);
             m_make.format(heading, "ApplyBackColorSettingsToControl", gray25);
             m_make.format(heading, "ApplyBorderToControl", presetBottom);
-            lines.append(WrapWords(c.label, PrintedMetrics(heading->font()->toQFont()),
-                                   c.width - 2 * ReportControl::TextPaddingTwips, maxHeadingLines));
+            metrics.append(PrintedMetrics(heading->font()->toQFont()));
+            double longest = 0;
+            for (const QString &word : c.label.split(u' ', Qt::SkipEmptyParts))
+                longest = qMax(longest, metrics.last().horizontalAdvance(word));
+            wanted.append(c.width);
+            least.append(longest + 2 * ReportControl::TextPaddingTwips + TwipsPerPoint);
         }
+        const QList<double> widths = FitWidths(wanted, least, m_width);
+        QList<QStringList> lines;
         qsizetype most = 1;
-        for (const QStringList &heading : std::as_const(lines))
-            most = qMax(most, heading.size());
-        for (std::size_t i = 0; i < row.controls.size(); ++i) {
-            const QStringList &heading = lines[qsizetype(i)];
-            row.controls[i]->setProperty("Caption", QString(most - heading.size(), u'\n')
-                                                        + heading.join(u'\n'));
+        double left = 0;
+        for (qsizetype i = 0; i < m_columns.size(); ++i) {
+            m_columns[i].left = left;
+            m_columns[i].width = widths[i];
+            left += widths[i];
+            row.controls[std::size_t(i)]->setTwipsRect(QRectF(m_columns[i].left, 0, widths[i], 0));
+            lines.append(WrapWords(m_columns[i].label, metrics[i],
+                                   widths[i] - 2 * ReportControl::TextPaddingTwips,
+                                   maxHeadingLines));
+            most = qMax(most, lines.last().size());
         }
+        for (qsizetype i = 0; i < lines.size(); ++i)
+            row.controls[std::size_t(i)]->setProperty(
+                "Caption", QString(most - lines[i].size(), u'\n') + lines[i].join(u'\n'));
         row.height *= double(most);
         m_report.columnHeadings.push_back(row);
         m_report.columnHeadings.push_back(Spacer(TwipsPerInch / 24));
@@ -297,7 +304,7 @@ std::unique_ptr<BandedReport> BuildGeneralReport(QObject *library, const QString
     auto report = std::make_unique<BandedReport>(reportLayout, generalReportType);
     report->headerOnAllPages = layout.headerOnAllPages;
     report->footerOnAllPages = layout.footerOnAllPages;
-    GeneralReportBuilder build(*report, readColumns(configuration, records, width), width);
+    GeneralReportBuilder build(*report, readColumns(configuration, records), width);
     build.furniture(HeaderFurniture(layout,
                                     {texts.title, filtersSummary(configuration), texts.description},
                                     QDateTime::currentDateTime()),

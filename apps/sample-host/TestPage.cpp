@@ -1,5 +1,6 @@
 #include "TestPage.h"
 
+#include "library/LateBinding.h"
 #include "printers/PrinterInfo.h"
 
 #include <QLocale>
@@ -9,6 +10,17 @@
 using namespace bravcpl5;
 
 namespace {
+
+// What the test page reports besides the geometry it draws.
+struct TestPageInfo {
+    QString configuration;
+    QString printer;    // the printer the page is for; "" when there is none
+    bool toPdf = false; // written to a PDF rather than printed
+    int paperSize = 0;  // the codes the configuration stores
+    int paperSource = 0;
+    float paperWidth = 0; // twips, the page settings' paper width the print width comes from
+    float printWidth = 0; // twips, as the configuration set it
+};
 
 // "8.5", "0.156": inches to the thousandth, without trailing zeros.
 QString number(double twips)
@@ -129,9 +141,7 @@ void drawMarginWidths(QPainter &painter, const QRectF &paper, const QRectF &cont
     painter.restore();
 }
 
-} // namespace
-
-bool DrawTestPage(QPainter &painter, const ReportPageToDraw &page,
+bool drawTestPage(QPainter &painter, const ReportPageToDraw &page,
                   const ResolvedReportPage &resolved, const TestPageInfo &info)
 {
     const QRectF &content = page.content;
@@ -174,4 +184,27 @@ bool DrawTestPage(QPainter &painter, const ReportPageToDraw &page,
         y = used.bottom() + 60;
     }
     return resolved.mirrorMargins && page.number < 2;
+}
+
+} // namespace
+
+void SetUpTestPage(QObject *library, const QString &configuration, ReferenceReport &report)
+{
+    report.setDocumentName(QStringLiteral("Test page - %1").arg(configuration));
+    late::call(late::object(library, "PrinterConfigurations"), "SetupPageFromPrinterConfiguration",
+               {configuration, QVariant::fromValue<QObject *>(&report), false});
+}
+
+bool PrintTestPage(ReferenceReport &report, const QString &configuration, const QString &printer)
+{
+    const TestPageInfo info{configuration,
+                            printer,
+                            !report.outputFileName().isEmpty(),
+                            report.pageSettings()->paperSize(),
+                            report.pageSettings()->paperSource(),
+                            report.pageSettings()->paperWidth(),
+                            report.printWidth()};
+    return report.print([&](QPainter &painter, const ReportPageToDraw &page) {
+        return drawTestPage(painter, page, report.lastPage(), info);
+    });
 }
