@@ -14,7 +14,9 @@
 
 #include <QDateTime>
 #include <QLocale>
+#include <QRegularExpression>
 #include <algorithm>
+#include <cmath>
 
 using namespace bravcpl5;
 
@@ -45,6 +47,7 @@ struct Column {
     QString key, label;
     double left = 0, width = 0;
     bool money = false, number = false;
+    bool whole = false; // numbers, dates and figures, which are never cut short
 };
 
 QString money(double value) { return QLocale().toString(value, 'f', 2); }
@@ -83,9 +86,37 @@ QList<Column> readColumns(const pugi::xml_document &document, const QList<Record
         const QVariant sample = records.isEmpty() ? QVariant() : records.first().value(key);
         column.money = sample.typeId() == QMetaType::Double;
         column.number = column.money || sample.typeId() == QMetaType::Int;
+        // Phone numbers and the like are figures too.
+        static const QRegularExpression figures(QStringLiteral("^[\\d\\s()+\\-./,:%]*$"));
+        column.whole = column.number || sample.typeId() == QMetaType::QDate
+                       || std::all_of(records.begin(), records.end(), [&](const Record &record) {
+                              return figures.match(cellText(record.value(key))).hasMatch();
+                          });
         columns.append(column);
     }
     return columns;
+}
+
+// The narrowest a column may be: its heading's longest word, and for numbers and dates the
+// longest of them (amounts with their total), with the room beside the text and a point to
+// spare for the printer's rounding.
+double leastWidth(const Column &column, const QList<Record> &records, const QFontMetricsF &heading,
+                  const QFontMetricsF &cells, const QFontMetricsF &totals)
+{
+    double longest = 0;
+    for (const QString &word : column.label.split(u' ', Qt::SkipEmptyParts))
+        longest = qMax(longest, heading.horizontalAdvance(word));
+    if (column.whole) {
+        double sum = 0;
+        for (const Record &record : records) {
+            const QVariant value = record.value(column.key);
+            longest = qMax(longest, cells.horizontalAdvance(cellText(value)));
+            sum += std::abs(value.toDouble());
+        }
+        if (column.money)
+            longest = qMax(longest, totals.horizontalAdvance(money(sum)));
+    }
+    return longest + 2 * ReportControl::TextPaddingTwips + TwipsPerPoint;
 }
 
 // The filters' values, as the subtitle says what the report was run for.
@@ -127,11 +158,22 @@ public:
     ReportLabel *pageNumber() const { return m_pageNumber; }
 
     // The column headings, with the columns fitted to the width: scaled down together when
-    // they are wider, though never narrower than their heading's longest word. A heading
+    // they are wider, though never narrower than their heading's longest word, nor than
+    // the longest of their numbers and dates, as a number cut short would mislead. A heading
     // too wide for its column wraps at its words; the row grows to the most lines and every
     // heading sits on the row's bottom line. Comes before the body, which takes its columns.
-    void headings()
+    void headings(const QList<Record> &records)
     {
+        const auto fontOf = [&](qint16 fontType) {
+            BandRow probe;
+            return m_make.field(probe, {}, {}, fontType, 0, 0)->font()->toQFont();
+        };
+        const QFontMetricsF cells = PrintedMetrics(fontOf(DataField));
+        // The grand total is bold (see totals()), and no subtotal is longer than the sum of
+        // all the amounts.
+        QFont totalFont = fontOf(GroupFooterDataField);
+        totalFont.setBold(true);
+        const QFontMetricsF totals = PrintedMetrics(totalFont);
         BandRow row;
         QList<QFontMetricsF> metrics;
         QList<double> wanted, least;
@@ -141,11 +183,8 @@ public:
             m_make.format(heading, "ApplyBackColorSettingsToControl", gray25);
             m_make.format(heading, "ApplyBorderToControl", presetBottom);
             metrics.append(PrintedMetrics(heading->font()->toQFont()));
-            double longest = 0;
-            for (const QString &word : c.label.split(u' ', Qt::SkipEmptyParts))
-                longest = qMax(longest, metrics.last().horizontalAdvance(word));
             wanted.append(c.width);
-            least.append(longest + 2 * ReportControl::TextPaddingTwips + TwipsPerPoint);
+            least.append(leastWidth(c, records, metrics.last(), cells, totals));
         }
         const QList<double> widths = FitWidths(wanted, least, m_width);
         QList<QStringList> lines;
@@ -311,7 +350,7 @@ std::unique_ptr<BandedReport> BuildGeneralReport(QObject *library, const QString
                     report->header);
     if (!report->header.empty())
         report->header.push_back(Spacer(TwipsPerInch / 6));
-    build.headings();
+    build.headings(records);
     build.body(records, texts.groupBy);
     const QList<FurnitureLine> footer = FooterFurniture(layout, 1, 1);
     if (!footer.isEmpty())
