@@ -97,6 +97,13 @@ QList<Column> readColumns(const pugi::xml_document &document, const QList<Record
     return columns;
 }
 
+// "1 line", "12 lines".
+QString lineCount(qsizetype count)
+{
+    return count == 1 ? QStringLiteral("1 line")
+                      : QStringLiteral("%1 lines").arg(QLocale().toString(count));
+}
+
 // The narrowest a column may be: its heading's longest word, and for numbers and dates the
 // longest of them (amounts with their total), with the room beside the text and a point to
 // spare for the printer's rounding.
@@ -240,14 +247,14 @@ public:
                 m_report.body.push_back(row);
             }
             if (!groupBy.isEmpty()) {
-                totals(QStringLiteral("%1 lines").arg(next - first), sums, presetTopBottom);
+                totals(lineCount(next - first), sums, presetTopBottom);
                 m_report.body.push_back(Spacer(TwipsPerInch / 8));
             }
             for (qsizetype c = 0; c < m_columns.size(); ++c)
                 total[c] += sums[c];
             first = next;
         }
-        totals(QStringLiteral("%1 lines in all").arg(records.size()), total, presetThickTop);
+        totals(lineCount(records.size()) + QStringLiteral(" in all"), total, presetThickTop);
     }
 
 private:

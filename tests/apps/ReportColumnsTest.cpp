@@ -214,6 +214,19 @@ TEST_F(SampleReports, LongTextsEndInAnEllipsisWhileNumbersAndDatesStayWhole)
     }
 }
 
+TEST_F(SampleReports, GroupCountsSayLineOrLines)
+{
+    const QList<DealerReport> reports = DealerReports(data.path());
+    const auto byVendor = std::find_if(reports.begin(), reports.end(), [](const DealerReport &r) {
+        return r.name == QLatin1String("Orders by Vendor");
+    });
+    ASSERT_NE(byVendor, reports.end());
+    const QString text = pdfText(writePdf(*byVendor));
+    EXPECT_TRUE(text.contains(QRegularExpression(QStringLiteral("(^|\\s)1 line\\s"))));
+    EXPECT_TRUE(text.contains(QRegularExpression(QStringLiteral("\\s2 lines\\s"))));
+    EXPECT_FALSE(text.contains(QRegularExpression(QStringLiteral("(^|\\s)1 lines"))));
+}
+
 // The test page of a configuration written to a PDF, as the sample host's menu prints it.
 QString testPageText(Library &library, const QString &configuration, const QString &printer,
                      const QString &pdf)
