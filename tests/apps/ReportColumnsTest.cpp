@@ -17,10 +17,13 @@
 #include "support/StoreFixture.h"
 #include "support/TestHost.h"
 
+#include <QApplication>
 #include <QDirIterator>
+#include <QMessageBox>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
+#include <QTimer>
 #include <gtest/gtest.h>
 #include <pugixml.hpp>
 
@@ -225,6 +228,42 @@ TEST_F(SampleReports, GroupCountsSayLineOrLines)
     EXPECT_TRUE(text.contains(QRegularExpression(QStringLiteral("(^|\\s)1 line\\s"))));
     EXPECT_TRUE(text.contains(QRegularExpression(QStringLiteral("\\s2 lines\\s"))));
     EXPECT_FALSE(text.contains(QRegularExpression(QStringLiteral("(^|\\s)1 lines"))));
+}
+
+TEST_F(SampleReports, PrintingSaysHowManyPages)
+{
+    SKIP_WITHOUT_CUPSD();
+    SetPrinterInfo(nullptr);
+    const QString queue = QStringLiteral("Real-HP-LaserJet-4250");
+    for (const char *configuration : {"Letter", "Landscape"})
+        library.printerConfigurations()->assignPrinter(QLatin1String(configuration), queue);
+    const struct {
+        const char *report;
+        const char *says;
+    } cases[] = {
+        {"Customer Quote", "Customer Quote was sent to Real-HP-LaserJet-4250 (1 page)."},
+        {"Vendor List", "Vendor List was sent to Real-HP-LaserJet-4250 (2 pages)."},
+    };
+    const QList<DealerReport> reports = DealerReports(data.path());
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.report);
+        const auto report = std::find_if(
+            reports.begin(), reports.end(),
+            [&](const DealerReport &r) { return r.name == QLatin1String(c.report); });
+        ASSERT_NE(report, reports.end());
+        // The sample host tells the dealer in a message box of its own.
+        QString said;
+        QTimer closer;
+        QObject::connect(&closer, &QTimer::timeout, [&]() {
+            if (auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget())) {
+                said = box->text();
+                box->accept();
+            }
+        });
+        closer.start(50);
+        EXPECT_TRUE(PrintReport({&library, host.get(), nullptr}, *report));
+        EXPECT_EQ(said, QLatin1String(c.says));
+    }
 }
 
 // The test page of a configuration written to a PDF, as the sample host's menu prints it.
