@@ -230,6 +230,21 @@ TEST_F(SampleReports, GroupCountsSayLineOrLines)
     EXPECT_FALSE(text.contains(QRegularExpression(QStringLiteral("(^|\\s)1 lines"))));
 }
 
+TEST_F(SampleReports, LabelTextsEndInAnEllipsisRatherThanRunIntoTheNextLabel)
+{
+    const QList<DealerReport> reports = DealerReports(data.path());
+    const auto labels = std::find_if(reports.begin(), reports.end(), [](const DealerReport &r) {
+        return r.kind == DealerReport::Kind::Labels;
+    });
+    ASSERT_NE(labels, reports.end());
+    const QString text = pdfText(writePdf(*labels));
+    // Two labels' texts run together: "Woven WoodsAluminum Blinds".
+    const QRegularExpressionMatch merged =
+        QRegularExpression(QStringLiteral("\\S*[a-z][A-Z]\\S*")).match(text);
+    EXPECT_FALSE(merged.hasMatch()) << merged.captured().toStdString();
+    EXPECT_TRUE(text.contains(QStringLiteral("… ")));
+}
+
 TEST_F(SampleReports, PrintingSaysHowManyPages)
 {
     SKIP_WITHOUT_CUPSD();
