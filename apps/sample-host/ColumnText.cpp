@@ -36,8 +36,12 @@ QList<double> FitWidths(const QList<double> &wanted, const QList<double> &least,
     QList<bool> held(wanted.size(), false);
     for (;;) {
         double heldWidth = 0, free = 0;
-        for (qsizetype i = 0; i < wanted.size(); ++i)
-            (held[i] ? heldWidth : free) += held[i] ? least[i] : wanted[i];
+        for (qsizetype i = 0; i < wanted.size(); ++i) {
+            if (held[i])
+                heldWidth += least[i];
+            else
+                free += wanted[i];
+        }
         const double factor = free > 0 ? (width - heldWidth) / free : 0;
         bool more = false;
         for (qsizetype i = 0; i < wanted.size(); ++i) {
