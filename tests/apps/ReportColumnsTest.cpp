@@ -343,6 +343,55 @@ TEST(TestPage, SaysWhatThePageIsAndWhyItsPrintWidthDiffers)
     SetPrinterInfo(nullptr);
 }
 
+// The library reads and writes a configuration's numbers in the user's locale, and the test
+// page writes them so too.
+TEST(TestPage, WritesLengthsInTheUsersLocale)
+{
+    TestHost host;
+    SetPrinterInfo(std::make_unique<ListedPrinters>(QStringList(), QString()));
+    const struct {
+        QLocale locale;
+        QByteArray paperWidth, leftMargin;
+        QStringList says;
+    } cases[] = {
+        {QLocale(QLocale::German, QLocale::Germany),
+         "8,5",
+         "0,75",
+         {"8,5 × 11 in", "left 0,75 in", "Print width 6,75 in"}},
+        {QLocale(QLocale::Japanese, QLocale::Japan),
+         "8.5",
+         ".75",
+         {"8.5 × 11 in", "left 0.75 in", "Print width 6.75 in"}},
+        // The library writes Western digits with the locale's separator; the page writes
+        // Arabic digits, in whichever order the reader puts them.
+        {QLocale(QLocale::Arabic, QLocale::Egypt),
+         "8٫5",
+         "0٫75",
+         {"٨٫٥", "١١", "left ٠٫٧٥ in", "Print width ٦٫٧٥ in"}},
+    };
+    const QLocale previous;
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.locale.name().toStdString());
+        QLocale::setDefault(c.locale);
+        host.writeSystemFile(QStringLiteral("Letter.pcx"),
+                             configurationXml("<PaperSize>1</PaperSize><PaperWidth>" + c.paperWidth
+                                                  + "</PaperWidth><LeftMargin>" + c.leftMargin
+                                                  + "</LeftMargin>",
+                                              1));
+        Library library;
+        library.Initialize(&host);
+        const QString text = testPageText(
+            library, QStringLiteral("Letter"), QString(),
+            QDir(host.root()).filePath(c.locale.name() + QStringLiteral(".pdf")));
+        for (const QString &said : c.says)
+            EXPECT_TRUE(text.contains(said)) << said.toStdString() << "\nnot in:\n"
+                                             << text.toStdString();
+        library.PreTerminate();
+    }
+    QLocale::setDefault(previous);
+    SetPrinterInfo(nullptr);
+}
+
 TEST(TestPage, NamesThePrintersPaperAndBin)
 {
     SKIP_WITHOUT_CUPSD();
