@@ -33,7 +33,12 @@ QString inches(double twips) { return number(twips) + QStringLiteral(" in"); }
 
 QString size(const QSizeF &twips)
 {
-    return QStringLiteral("%1 × %2 in").arg(number(twips.width()), number(twips.height()));
+    // Between two numbers in Arabic digits the "×" would turn the pair around in this
+    // left-to-right text; marks beside it keep the width first.
+    const QString times = QLocale().textDirection() == Qt::RightToLeft
+                              ? QStringLiteral(" \u200E×\u200E ")
+                              : QStringLiteral(" × ");
+    return number(twips.width()) + times + number(twips.height()) + QStringLiteral(" in");
 }
 
 QFont fontOfTwips(int twips, bool bold = false)

@@ -363,11 +363,11 @@ TEST(TestPage, WritesLengthsInTheUsersLocale)
          ".75",
          {"8.5 × 11 in", "left 0.75 in", "Print width 6.75 in"}},
         // The library writes Western digits with the locale's separator; the page writes
-        // Arabic digits, in whichever order the reader puts them.
+        // Arabic digits, the width still first in its left-to-right lines.
         {QLocale(QLocale::Arabic, QLocale::Egypt),
          "8٫5",
          "0٫75",
-         {"٨٫٥", "١١", "left ٠٫٧٥ in", "Print width ٦٫٧٥ in"}},
+         {"٨٫٥ × ١١ in", "left ٠٫٧٥ in", "Print width ٦٫٧٥ in"}},
     };
     const QLocale previous;
     for (const auto &c : cases) {
