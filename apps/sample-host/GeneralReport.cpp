@@ -1,4 +1,6 @@
 #include "GeneralReport.h"
+
+#include "ColumnText.h"
 #include "ReportFilters.h"
 
 #include "layout/FurnitureFormats.h"
@@ -13,7 +15,9 @@
 
 #include <QDateTime>
 #include <QLocale>
+#include <QRegularExpression>
 #include <algorithm>
+#include <cmath>
 
 using namespace bravcpl5;
 
@@ -34,6 +38,9 @@ constexpr qint16 bold = 2;
 constexpr qint16 presetBottom = 2, presetDoubleBottom = 3, presetTopBottom = 4, presetThickTop = 13;
 constexpr qint32 gray25 = 0xC0C0C0, paleGray = 0xF0F0F0;
 
+// The most lines a column heading wraps onto.
+constexpr int maxHeadingLines = 3;
+
 // Room between the text and the lines of a row with borders above and below.
 constexpr double ruledRowPadding = TwipsPerInch / 24;
 
@@ -41,6 +48,7 @@ struct Column {
     QString key, label;
     double left = 0, width = 0;
     bool money = false, number = false;
+    bool whole = false; // numbers, dates and figures, which are never cut short
 };
 
 QString money(double value) { return QLocale().toString(value, 'f', 2); }
@@ -59,12 +67,10 @@ QString cellText(const QVariant &value)
     }
 }
 
-// The columns the file lists, scaled down together when they are wider than the page.
-QList<Column> readColumns(const pugi::xml_document &document, const QList<Record> &records,
-                          double width)
+// The columns the file lists, each as wide as its size asks.
+QList<Column> readColumns(const pugi::xml_document &document, const QList<Record> &records)
 {
     QList<Column> columns;
-    double total = 0;
     for (pugi::xml_node field :
          SelectSingleNode(document, QStringLiteral("//Fields")).node().children()) {
         if (field.type() != pugi::node_element)
@@ -76,21 +82,49 @@ QList<Column> readColumns(const pugi::xml_document &document, const QList<Record
         const double inches = values::leadingNumber(size, QLocale());
         if (inches <= 0)
             continue;
-        Column column{key, GetXmlAttribute(field, QStringLiteral("label"), key), total,
+        Column column{key, GetXmlAttribute(field, QStringLiteral("label"), key), 0,
                       inches * TwipsPerInch};
         const QVariant sample = records.isEmpty() ? QVariant() : records.first().value(key);
         column.money = sample.typeId() == QMetaType::Double;
         column.number = column.money || sample.typeId() == QMetaType::Int;
-        total += column.width;
+        // Phone numbers and the like are figures too.
+        static const QRegularExpression figures(QStringLiteral("^[\\d\\s()+\\-./,:%]*$"));
+        column.whole = column.number || sample.typeId() == QMetaType::QDate
+                       || std::all_of(records.begin(), records.end(), [&](const Record &record) {
+                              return figures.match(cellText(record.value(key))).hasMatch();
+                          });
         columns.append(column);
     }
-    if (total > width) {
-        for (Column &column : columns) {
-            column.left *= width / total;
-            column.width *= width / total;
-        }
-    }
     return columns;
+}
+
+// "1 line", "12 lines".
+QString lineCount(qsizetype count)
+{
+    return count == 1 ? QStringLiteral("1 line")
+                      : QStringLiteral("%1 lines").arg(QLocale().toString(count));
+}
+
+// The narrowest a column may be: its heading's longest word, and for numbers and dates the
+// longest of them (amounts with their total), with the room beside the text and a point to
+// spare for the printer's rounding.
+double leastWidth(const Column &column, const QList<Record> &records, const QFontMetricsF &heading,
+                  const QFontMetricsF &cells, const QFontMetricsF &totals)
+{
+    double longest = 0;
+    for (const QString &word : column.label.split(u' ', Qt::SkipEmptyParts))
+        longest = qMax(longest, heading.horizontalAdvance(word));
+    if (column.whole) {
+        double sum = 0;
+        for (const Record &record : records) {
+            const QVariant value = record.value(column.key);
+            longest = qMax(longest, cells.horizontalAdvance(cellText(value)));
+            sum += std::abs(value.toDouble());
+        }
+        if (column.money)
+            longest = qMax(longest, totals.horizontalAdvance(money(sum)));
+    }
+    return longest + 2 * ReportControl::TextPaddingTwips + TwipsPerPoint;
 }
 
 // The subtitle says in words what the report's records were selected with.
@@ -124,15 +158,53 @@ public:
 
     ReportLabel *pageNumber() const { return m_pageNumber; }
 
-    void headings()
+    // The column headings, with the columns fitted to the width: scaled down together when
+    // they are wider, though never narrower than their heading's longest word, nor than
+    // the longest of their numbers and dates, as a number cut short would mislead. A heading
+    // too wide for its column wraps at its words; the row grows to the most lines and every
+    // heading sits on the row's bottom line. Comes before the body, which takes its columns.
+    void headings(const QList<Record> &records)
     {
+        const auto fontOf = [&](qint16 fontType) {
+            BandRow probe;
+            return m_make.field(probe, {}, {}, fontType, 0, 0)->font()->toQFont();
+        };
+        const QFontMetricsF cells = PrintedMetrics(fontOf(DataField));
+        // The grand total is bold (see totals()), and no subtotal is longer than the sum of
+        // all the amounts.
+        QFont totalFont = fontOf(GroupFooterDataField);
+        totalFont.setBold(true);
+        const QFontMetricsF totals = PrintedMetrics(totalFont);
         BandRow row;
+        QList<QFontMetricsF> metrics;
+        QList<double> wanted, least;
         for (const Column &c : m_columns) {
-            ReportLabel *heading = m_make.label(row, c.label, FieldHeading, c.left, c.width,
+            ReportLabel *heading = m_make.label(row, c.label, FieldHeading, 0, 0,
                                                 c.number ? alignRight : alignLeft);
             m_make.format(heading, "ApplyBackColorSettingsToControl", gray25);
             m_make.format(heading, "ApplyBorderToControl", presetBottom);
+            metrics.append(PrintedMetrics(heading->font()->toQFont()));
+            wanted.append(c.width);
+            least.append(leastWidth(c, records, metrics.last(), cells, totals));
         }
+        const QList<double> widths = FitWidths(wanted, least, m_width);
+        QList<QStringList> lines;
+        qsizetype most = 1;
+        double left = 0;
+        for (qsizetype i = 0; i < m_columns.size(); ++i) {
+            m_columns[i].left = left;
+            m_columns[i].width = widths[i];
+            left += widths[i];
+            row.controls[std::size_t(i)]->setTwipsRect(QRectF(m_columns[i].left, 0, widths[i], 0));
+            lines.append(WrapWords(m_columns[i].label, metrics[i],
+                                   widths[i] - 2 * ReportControl::TextPaddingTwips,
+                                   maxHeadingLines));
+            most = qMax(most, lines.last().size());
+        }
+        for (qsizetype i = 0; i < lines.size(); ++i)
+            row.controls[std::size_t(i)]->setProperty(
+                "Caption", QString(most - lines[i].size(), u'\n') + lines[i].join(u'\n'));
+        row.height *= double(most);
         m_report.columnHeadings.push_back(row);
         m_report.columnHeadings.push_back(Spacer(TwipsPerInch / 24));
     }
@@ -169,14 +241,14 @@ public:
                 m_report.body.push_back(row);
             }
             if (!groupBy.isEmpty()) {
-                totals(QStringLiteral("%1 lines").arg(next - first), sums, presetTopBottom);
+                totals(lineCount(next - first), sums, presetTopBottom);
                 m_report.body.push_back(Spacer(TwipsPerInch / 8));
             }
             for (qsizetype c = 0; c < m_columns.size(); ++c)
                 total[c] += sums[c];
             first = next;
         }
-        totals(QStringLiteral("%1 lines in all").arg(records.size()), total, presetThickTop);
+        totals(lineCount(records.size()) + QStringLiteral(" in all"), total, presetThickTop);
     }
 
 private:
@@ -272,7 +344,7 @@ std::unique_ptr<BandedReport> BuildGeneralReport(QObject *library, const QString
     auto report = std::make_unique<BandedReport>(reportLayout, generalReportType);
     report->headerOnAllPages = layout.headerOnAllPages;
     report->footerOnAllPages = layout.footerOnAllPages;
-    GeneralReportBuilder build(*report, readColumns(configuration, records, width), width);
+    GeneralReportBuilder build(*report, readColumns(configuration, records), width);
     build.furniture(
         HeaderFurniture(layout,
                         {texts.title, filtersSummary(library, configuration), texts.description},
@@ -280,7 +352,7 @@ std::unique_ptr<BandedReport> BuildGeneralReport(QObject *library, const QString
         report->header);
     if (!report->header.empty())
         report->header.push_back(Spacer(TwipsPerInch / 6));
-    build.headings();
+    build.headings(records);
     build.body(records, texts.groupBy);
     const QList<FurnitureLine> footer = FooterFurniture(layout, 1, 1);
     if (!footer.isEmpty())

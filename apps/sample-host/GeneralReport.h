@@ -2,10 +2,11 @@
 
 // A general report of the dealer's, laid out from its configuration file as the host
 // reads it: the columns its "Fields" list (each with its label, and its size in inches
-// from `size`, else `width`; a size of 0 or less leaves the column out), the records of
-// its "Identification/Source", grouped by its "GroupBy" field when it names one, with
-// subtotals of its money columns, and the header and footer furniture of its layout (its
-// own .lyx, else the general one) in the fonts of the report fonts document.
+// from `size`, else `width`; a size of 0 or less leaves the column out), fitted to the
+// page (ColumnText.h), the records of its "Identification/Source", grouped by its
+// "GroupBy" field when it names one, with subtotals of its money columns, and the header
+// and footer furniture of its layout (its own .lyx, else the general one) in the fonts of
+// the report fonts document.
 
 #include "Records.h"
 #include "ReportBands.h"

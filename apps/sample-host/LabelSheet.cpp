@@ -94,19 +94,21 @@ int DrawLabels(QPainter &painter, const QList<QRectF> &places, const QList<Recor
         const QRectF inside = place.adjusted(TwipsPerInch / 10, TwipsPerInch / 14,
                                              -TwipsPerInch / 10, -TwipsPerInch / 14);
         const double line = inside.height() / 4;
+        // Texts longer than the label end in "…" rather than running into the next one.
+        const auto fitted = [&](const QString &text) {
+            return painter.fontMetrics().elidedText(text, Qt::ElideRight, int(inside.width()));
+        };
         painter.setPen(Qt::black);
         painter.setFont(fontOfTwips(line * 0.8, true));
-        painter.drawText(
-            QRectF(inside.left(), inside.top(), inside.width(), line),
-            Qt::AlignLeft | Qt::AlignVCenter,
-            painter.fontMetrics().elidedText(r.value(QStringLiteral("Product")).toString(),
-                                             Qt::ElideRight, int(inside.width())));
+        painter.drawText(QRectF(inside.left(), inside.top(), inside.width(), line),
+                         Qt::AlignLeft | Qt::AlignVCenter,
+                         fitted(r.value(QStringLiteral("Product")).toString()));
         painter.setFont(fontOfTwips(line * 0.65));
-        painter.drawText(
-            QRectF(inside.left(), inside.top() + line, inside.width(), line),
-            Qt::AlignLeft | Qt::AlignVCenter,
-            QStringLiteral("%1 - %2").arg(r.value(QStringLiteral("ProductType")).toString(),
-                                          r.value(QStringLiteral("Manufacturer")).toString()));
+        painter.drawText(QRectF(inside.left(), inside.top() + line, inside.width(), line),
+                         Qt::AlignLeft | Qt::AlignVCenter,
+                         fitted(QStringLiteral("%1 - %2").arg(
+                             r.value(QStringLiteral("ProductType")).toString(),
+                             r.value(QStringLiteral("Manufacturer")).toString())));
         painter.drawText(QRectF(inside.left(), inside.top() + 2 * line, inside.width(), line),
                          Qt::AlignLeft | Qt::AlignVCenter,
                          QStringLiteral("%1 x %2 in. max.")

@@ -88,10 +88,11 @@ bool PrintReport(const ReportOutputContext &context, const DealerReport &report)
                                                        : printer));
         return false;
     }
-    QString message = QStringLiteral("%1 was sent to %2 (%3 pages).")
+    QString message = QStringLiteral("%1 was sent to %2 (%3).")
                           .arg(report.name,
-                               printer.isEmpty() ? QStringLiteral("the default printer") : printer)
-                          .arg(pages);
+                               printer.isEmpty() ? QStringLiteral("the default printer") : printer,
+                               pages == 1 ? QStringLiteral("1 page")
+                                          : QStringLiteral("%1 pages").arg(pages));
     for (const QString &change : printed.lastPage().adjustments)
         message += u'\n' + QStringLiteral("Changed for the printer: %1").arg(change);
     QMessageBox::information(context.parent, QStringLiteral("Print"), message);

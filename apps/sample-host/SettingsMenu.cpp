@@ -36,12 +36,8 @@ void printTestPage(MainWindow &window, const QString &name)
 {
     if (name.isEmpty())
         return;
-    // Through the published names only, as the host's reports would.
-    QObject *store = late::object(window.library(), "PrinterConfigurations");
     ReferenceReport report;
-    report.setDocumentName(QStringLiteral("Test page - %1").arg(name));
-    late::call(store, "SetupPageFromPrinterConfiguration",
-               {name, QVariant::fromValue<QObject *>(&report), false});
+    SetUpTestPage(window.library(), name, report);
 
     // A printer that is assigned and installed gets the page, except in the tour, which
     // puts nothing on anyone's paper; otherwise it goes to a PDF.
@@ -50,11 +46,7 @@ void printTestPage(MainWindow &window, const QString &name)
     if (printer.isEmpty())
         report.setOutputFileName(
             QDir(window.outputFolder()).filePath(QStringLiteral("test-page-%1.pdf").arg(name)));
-    const TestPageInfo info{name, printer, report.pageSettings()->paperSize(),
-                            report.pageSettings()->paperSource(), report.printWidth()};
-    const bool printed = report.print([&](QPainter &painter, const ReportPageToDraw &page) {
-        return DrawTestPage(painter, page, report.lastPage(), info);
-    });
+    const bool printed = PrintTestPage(report, name, installed);
     QString message;
     if (!printed)
         message = QStringLiteral("The test page with \"%1\" could not be printed.").arg(name);

@@ -4,19 +4,16 @@
 
 #include <QString>
 
-class QPainter;
+// Points `report` at the printer and page of `configuration` through the library's
+// published names, as the host's reports are.
+void SetUpTestPage(QObject *library, const QString &configuration,
+                   bravcpl5::ReferenceReport &report);
 
-// What the test page reports besides the geometry it draws.
-struct TestPageInfo {
-    QString configuration;
-    QString printer; // "" when the page goes to a PDF only
-    int paperSize = 0;
-    int paperSource = 0;
-    float printWidth = 0; // twips, as the configuration set it
-};
-
-// Draws a page that shows its own geometry: the paper's outline, the margins, the gutter
-// (hatched) and the content area, with the values as text. Draws two pages when margins
-// are mirrored, so the swap shows.
-bool DrawTestPage(QPainter &painter, const bravcpl5::ReportPageToDraw &page,
-                  const bravcpl5::ResolvedReportPage &resolved, const TestPageInfo &info);
+// Prints the test page of a report set up by SetUpTestPage (to its OutputFileName when that
+// is set), for `printer`, the installed printer it is for ("" for none). The page shows its
+// own geometry (the paper's outline, the margins, the gutter hatched and the content area)
+// and says in words what it was printed with: printer, paper and bin by their names (codes
+// in small print), orientation, margins, gutter, and how the report's print width relates
+// to the content area. Mirrored margins print two pages, so the swap shows.
+bool PrintTestPage(bravcpl5::ReferenceReport &report, const QString &configuration,
+                   const QString &printer);

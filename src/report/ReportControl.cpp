@@ -2,7 +2,9 @@
 
 #include "layout/FormatPickers.h"
 #include "layout/WindowsColor.h"
+#include "library/Units.h"
 
+#include <QFontMetricsF>
 #include <QPaintDevice>
 #include <QPainter>
 
@@ -35,12 +37,17 @@ void ReportControl::draw(QPainter &painter, const QRectF &rect) const
         horizontal = Qt::AlignRight;
     else if (m_alignment == pickers::alignCenter)
         horizontal = Qt::AlignHCenter;
-    const qreal padding = 2 * thin;
+    const qreal padding = qMax<qreal>(2.0, TextPaddingTwips * dpi / TwipsPerInch);
+    const QRectF room = rect.adjusted(padding, 0, -padding, 0);
+    const QFont font = m_font->toQFont();
+    const QFontMetricsF metrics(font, painter.device());
+    QStringList lines = displayText().split(u'\n');
+    for (QString &line : lines)
+        line = metrics.elidedText(line, Qt::ElideRight, room.width());
     painter.setClipRect(rect);
-    painter.setFont(m_font->toQFont());
+    painter.setFont(font);
     painter.setPen(ColorFromWindows(m_foreColor));
-    painter.drawText(rect.adjusted(padding, 0, -padding, 0),
-                     int(horizontal | Qt::AlignVCenter | Qt::TextSingleLine), displayText());
+    painter.drawText(room, int(horizontal | Qt::AlignVCenter), lines.join(u'\n'));
     painter.setClipping(false);
     m_border->draw(painter, rect, thin);
     painter.restore();

@@ -37,8 +37,13 @@ public:
     QRectF twipsRect() const { return {m_left, m_top, m_width, m_height}; }
     void setTwipsRect(const QRectF &rect);
 
+    // The room left between the text and each side of the control: two pixels of a 96 dpi
+    // screen.
+    static constexpr double TextPaddingTwips = 30;
+
     // Draws the control into `rect` (device units): the back colour when opaque, the text
-    // in its font, colour and alignment, then the border.
+    // in its font, colour and alignment, then the border. Each line of the text (lines are
+    // separated by "\n") that is wider than the control ends in "…" where it would be cut.
     void draw(QPainter &painter, const QRectF &rect) const;
 
 protected:
