@@ -9,12 +9,15 @@
 #include "Tour.h"
 
 #include "library/Factory.h"
+#include "library/LateBinding.h"
 #include "library/RegistryFile.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDir>
+#include <QFileInfo>
 #include <QLocale>
+#include <QPrinterInfo>
 #include <QStandardPaths>
 #include <QTemporaryFile>
 #include <QTextStream>
@@ -51,6 +54,17 @@ void ensureRuntimeFolder()
         && QFile::setPermissions(folder, QFileDevice::ReadOwner | QFileDevice::WriteOwner
                                              | QFileDevice::ExeOwner))
         qputenv("XDG_RUNTIME_DIR", QFile::encodeName(folder));
+}
+
+// As a host's installer does: the workstation's default printer becomes the printer of
+// "(Default)", which every configuration without a printer of its own prints with. The
+// other assignments are left to the dealer (Settings > Printer Configurations).
+void assignDefaultPrinter(QObject *library)
+{
+    const QString printer = QPrinterInfo::defaultPrinterName();
+    if (!printer.isEmpty())
+        bravcpl5::late::call(bravcpl5::late::object(library, "PrinterConfigurations"),
+                             "SetPrinterForConfiguration", {QStringLiteral("(Default)"), printer});
 }
 
 // Makes `folder` and tries a file in it; false, with the reason, when either fails. Its
@@ -110,7 +124,9 @@ int main(int argc, char **argv)
     InstallSampleData(dataFolder);
     // The sample tree keeps its printer assignments and window places beside it, so trying
     // the sample host leaves the user's own registry file alone.
-    bravcpl5::SetRegistryFile(QDir(dataFolder).filePath(QStringLiteral("registry.ini")));
+    const QString registryFile = QDir(dataFolder).filePath(QStringLiteral("registry.ini"));
+    const bool firstRun = !QFileInfo::exists(registryFile);
+    bravcpl5::SetRegistryFile(registryFile);
 
     QString outputFolder = parser.value(tourOption);
     if (outputFolder.isEmpty())
@@ -128,6 +144,8 @@ int main(int argc, char **argv)
     SampleHost host(dataFolder);
     std::unique_ptr<QObject> library(bravcpl5_CreateObject("bravcpl5.Library"));
     QMetaObject::invokeMethod(library.get(), "Initialize", Q_ARG(QObject *, &host));
+    if (firstRun)
+        assignDefaultPrinter(library.get());
 
     MainWindow window(library.get(), &host, outputFolder);
     addSettingsMenu(window);
