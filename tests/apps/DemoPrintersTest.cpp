@@ -4,6 +4,7 @@
 // setup and the printers; nothing is printed on them; and that cupsd is stopped by its PID
 // however the run ends. A printer server that answers is used as it is.
 
+#include "support/FreshHome.h"
 #include "support/SandboxCups.h"
 
 #include <QDir>
@@ -22,12 +23,7 @@ namespace {
 // `root`/printers, where the test can look at what reached it.
 QProcessEnvironment withoutPrinterServer(const QDir &root)
 {
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("HOME"), root.filePath(QStringLiteral("home")));
-    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), root.filePath(QStringLiteral("config")));
-    for (const char *name :
-         {"XDG_DATA_HOME", "XDG_RUNTIME_DIR", "DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
-        environment.remove(QLatin1String(name));
+    QProcessEnvironment environment = bravcpl5::test::FreshHomeEnvironment(root);
     environment.insert(QStringLiteral("CUPS_SERVER"),
                        root.filePath(QStringLiteral("no-cupsd-here/cups.sock")));
     environment.insert(QStringLiteral("BRAVCPL5_PRINTERS_FOLDER"),

@@ -8,6 +8,7 @@
 
 #include "library/Library.h"
 #include "report/ReportLabel.h"
+#include "support/FreshHome.h"
 #include "support/SandboxCups.h"
 #include "support/SmallFileSystem.h"
 #include "support/TestHost.h"
@@ -170,13 +171,7 @@ struct HostRun {
 HostRun runSampleHost(const QDir &root, const QStringList &arguments = {})
 {
     QProcess host;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("HOME"), root.filePath(QStringLiteral("home")));
-    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), root.filePath(QStringLiteral("config")));
-    for (const char *name :
-         {"XDG_DATA_HOME", "XDG_RUNTIME_DIR", "DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
-        environment.remove(QLatin1String(name));
-    host.setProcessEnvironment(environment);
+    host.setProcessEnvironment(bravcpl5::test::FreshHomeEnvironment(root));
     host.start(QStringLiteral(BRAVCPL5_SAMPLE_HOST), arguments);
     if (!host.waitForFinished(180000)) {
         host.kill();
