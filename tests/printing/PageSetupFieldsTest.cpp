@@ -8,64 +8,44 @@
 namespace bravcpl5 {
 namespace {
 
-struct Step {
-    PageSetupField field;
-    const char *text;
-    int direction; // +1 up, -1 down
-    const char *expected;
-};
-
-// Names the case in test listings (by default they would show the struct's raw bytes).
-void PrintTo(const Step &s, std::ostream *os)
+TEST(PageSetupFieldsTest, SpinnersStepWithinTheFieldsLimitsInSinglePrecision)
 {
-    *os << LimitsOf(s.field).name << " \"" << s.text << (s.direction > 0 ? "\" up" : "\" down");
-}
-
-class SpinnerTest : public ::testing::TestWithParam<Step>
-{
-};
-
-TEST_P(SpinnerTest, StepsWithinTheFieldsLimitsInSinglePrecision)
-{
-    const Step &s = GetParam();
-    const FieldLimits &limits = LimitsOf(s.field);
-    const QString text = QString::fromUtf8(s.text);
-    const QString result = s.direction > 0 ? IncrementFieldValue(limits.step, limits.minimum,
-                                                                 limits.maximum, text)
-                                           : DecrementFieldValue(limits.step, limits.minimum,
-                                                                 limits.maximum, text);
-    EXPECT_EQ(result, QString::fromUtf8(s.expected)) << limits.name << " " << s.text;
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Fields, SpinnerTest,
-    ::testing::Values(
+    const struct {
+        PageSetupField field;
+        const char *text;
+        int direction; // +1 up, -1 down
+        const char *expected;
+    } steps[] = {
         // Clamped at the maximum rather than stepping past it.
-        Step{PageSetupField::TopMargin, "63.95", +1, "64"},
-        Step{PageSetupField::Gutter, "100", +1, "64"},
+        {PageSetupField::TopMargin, "63.95", +1, "64"},
+        {PageSetupField::Gutter, "100", +1, "64"},
         // Empty or non-numeric text starts from the minimum.
-        Step{PageSetupField::LeftMargin, "", +1, "0.1"},
-        Step{PageSetupField::RightMargin, "abc", -1, "0"},
-        Step{PageSetupField::ColumnsPerSheet, "", +1, "2"},
+        {PageSetupField::LeftMargin, "", +1, "0.1"},
+        {PageSetupField::RightMargin, "abc", -1, "0"},
+        {PageSetupField::ColumnsPerSheet, "", +1, "2"},
         // Single precision, shortest text.
-        Step{PageSetupField::BottomMargin, "0.6", +1, "0.7"},
-        Step{PageSetupField::HorizontalGap, ".125", +1, "0.225"},
-        Step{PageSetupField::PaperWidth, "8.5", -1, "8.4"},
-        Step{PageSetupField::PaperHeight, "15.95", +1, "16"},
-        Step{PageSetupField::VerticalGap, "0.05", -1, "0"},
-        Step{PageSetupField::LabelWidth, "-3", -1, "0"},
+        {PageSetupField::BottomMargin, "0.6", +1, "0.7"},
+        {PageSetupField::HorizontalGap, ".125", +1, "0.225"},
+        {PageSetupField::PaperWidth, "8.5", -1, "8.4"},
+        {PageSetupField::PaperHeight, "15.95", +1, "16"},
+        {PageSetupField::VerticalGap, "0.05", -1, "0"},
+        {PageSetupField::LabelWidth, "-3", -1, "0"},
         // A value above the maximum stepped down is not pulled back to it first.
-        Step{PageSetupField::LabelHeight, "20", -1, "19.9"},
-        Step{PageSetupField::ColumnsPerSheet, "1", -1, "1"},
-        Step{PageSetupField::ColumnsPerSheet, "16", +1, "16"},
-        Step{PageSetupField::ColumnsPerSheet, "3", +1, "4"}));
-
-TEST(PageSetupFieldsTest, EveryFieldHasItsLimits)
-{
-    const auto &limits = PageSetupFieldLimits();
-    ASSERT_EQ(limits.size(), int(PageSetupField::ColumnsPerSheet) + 1);
-    for (int i = 0; i < limits.size(); ++i)
-        EXPECT_EQ(int(limits[i].field), i) << limits[i].name;
+        {PageSetupField::LabelHeight, "20", -1, "19.9"},
+        {PageSetupField::ColumnsPerSheet, "1", -1, "1"},
+        {PageSetupField::ColumnsPerSheet, "16", +1, "16"},
+        {PageSetupField::ColumnsPerSheet, "3", +1, "4"},
+    };
+    for (const auto &s : steps) {
+        const FieldLimits &limits = LimitsOf(s.field);
+        SCOPED_TRACE(std::string(limits.name) + " \"" + s.text
+                     + (s.direction > 0 ? "\" up" : "\" down"));
+        const QString text = QString::fromUtf8(s.text);
+        EXPECT_EQ(s.direction > 0
+                      ? IncrementFieldValue(limits.step, limits.minimum, limits.maximum, text)
+                      : DecrementFieldValue(limits.step, limits.minimum, limits.maximum, text),
+                  QString::fromUtf8(s.expected));
+    }
 }
 
 TEST(PageSetupFieldsTest, PreviewRecordReadsLeadingNumbersInTwipsAndTurnsLandscape)
@@ -113,15 +93,6 @@ TEST(PageSetupFieldsTest, PaperLengthsShowInInchesToThreePlaces)
         {5940, "4.125"}, {1, "0.001"},  {0, "0"}};
     for (const auto &[twips, text] : lengths)
         EXPECT_EQ(PaperLengthText(twips), QString::fromLatin1(text)) << twips;
-}
-
-TEST(PageSetupFieldsTest, PrintDirectionsAreAcrossThenDownFirst)
-{
-    ASSERT_EQ(PrintDirections().size(), 2);
-    EXPECT_EQ(int(PrintDirections()[0].code), 0);
-    EXPECT_EQ(PrintDirections()[0].name, QStringLiteral("Across, then down"));
-    EXPECT_EQ(int(PrintDirections()[1].code), 1);
-    EXPECT_EQ(PrintDirections()[1].name, QStringLiteral("Down, then across"));
 }
 
 } // namespace

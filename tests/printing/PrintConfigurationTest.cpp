@@ -32,7 +32,7 @@ struct ConfigurationCase {
     const char *printer; // as assigned, in any case
     const char *queue;
     QByteArray pageSetup;
-    QSizeF pdfPoints; // as shown
+    double pdfWidth, pdfHeight; // in points, as shown
     const char *media;
     const char *bin;
 };
@@ -53,8 +53,8 @@ protected:
     {
         const PdfFacts facts = ReadPdfFacts(file);
         EXPECT_EQ(facts.pages, 2);
-        EXPECT_NEAR(facts.pageSize.width(), GetParam().pdfPoints.width(), 1);
-        EXPECT_NEAR(facts.pageSize.height(), GetParam().pdfPoints.height(), 1);
+        EXPECT_NEAR(facts.pageSize.width(), GetParam().pdfWidth, 1);
+        EXPECT_NEAR(facts.pageSize.height(), GetParam().pdfHeight, 1);
     }
 
     ReferenceReport report;
@@ -99,53 +99,31 @@ QByteArray margins(const char *inches)
     return xml;
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Table, PrintConfigurationTest,
-    ::testing::Values(
-        ConfigurationCase{"Letter Portrait Upper",
-                          "Office-Laser",
-                          "Office-Laser",
-                          "<PaperSize>1</PaperSize><PaperSource>1</PaperSource>",
-                          {612, 792},
-                          "Letter",
-                          "Upper"},
-        ConfigurationCase{
-            "Legal Landscape Manual",
-            "office-laser",
-            "Office-Laser",
-            "<PaperSize>5</PaperSize><PaperSource>4</PaperSource><Orientation>2</Orientation>"
-                + margins(".5"),
-            {1008, 612},
-            "Legal",
-            "Manual"},
-        ConfigurationCase{"A4 Envelope",
-                          "OFFICE-LASER",
-                          "Office-Laser",
-                          "<PaperSize>9</PaperSize><PaperSource>5</PaperSource>",
-                          {595, 842},
-                          "A4",
-                          "Envelope"},
-        ConfigurationCase{
-            "Address Labels",
-            "LABEL-PRINTER",
-            "Label-Printer",
-            "<PaperSize>257</PaperSize><PaperWidth>2.25</PaperWidth><PaperHeight>1.25</PaperHeight>"
-            "<PaperSource>256</PaperSource>"
-                + margins(".1"),
-            {162, 90},
-            "w162h90",
-            "Roll1"},
-        ConfigurationCase{
-            "Shipping Labels",
-            "Label-Printer",
-            "Label-Printer",
-            "<PaperSize>256</PaperSize><PaperWidth>4</PaperWidth><PaperHeight>6</PaperHeight>"
-            "<PaperSource>257</PaperSource><Orientation>2</Orientation>"
-                + margins(".2"),
-            {432, 288},
-            "w288h432",
-            "Roll2"}),
-    [](const auto &info) { return QString::fromUtf8(info.param.name).remove(u' ').toStdString(); });
+const ConfigurationCase configurationCases[] = {
+    {"Letter Portrait Upper", "Office-Laser", "Office-Laser",
+     "<PaperSize>1</PaperSize><PaperSource>1</PaperSource>", 612, 792, "Letter", "Upper"},
+    {"Legal Landscape Manual", "office-laser", "Office-Laser",
+     "<PaperSize>5</PaperSize><PaperSource>4</PaperSource><Orientation>2</Orientation>"
+         + margins(".5"),
+     1008, 612, "Legal", "Manual"},
+    {"A4 Envelope", "OFFICE-LASER", "Office-Laser",
+     "<PaperSize>9</PaperSize><PaperSource>5</PaperSource>", 595, 842, "A4", "Envelope"},
+    {"Address Labels", "LABEL-PRINTER", "Label-Printer",
+     "<PaperSize>257</PaperSize><PaperWidth>2.25</PaperWidth><PaperHeight>1.25</PaperHeight>"
+     "<PaperSource>256</PaperSource>"
+         + margins(".1"),
+     162, 90, "w162h90", "Roll1"},
+    {"Shipping Labels", "Label-Printer", "Label-Printer",
+     "<PaperSize>256</PaperSize><PaperWidth>4</PaperWidth><PaperHeight>6</PaperHeight>"
+     "<PaperSource>257</PaperSource><Orientation>2</Orientation>"
+         + margins(".2"),
+     432, 288, "w288h432", "Roll2"},
+};
+
+INSTANTIATE_TEST_SUITE_P(Table, PrintConfigurationTest, ::testing::ValuesIn(configurationCases),
+                         [](const auto &info) {
+                             return QString::fromUtf8(info.param.name).remove(u' ').toStdString();
+                         });
 
 TEST(ReferenceReportTest, UnknownPrinterPrintsNothingAndNoDeviceNamePrintsToTheDefaultWithItsBin)
 {

@@ -1,8 +1,10 @@
-// The printer configuration store: listing, lookup, system flag, printer mapping and the
-// checks that speak to the user.
+// The printer configuration store: listing, lookup, system flag, printer mapping (kept
+// whole when the disk is full) and the checks that speak to the user.
 
 #include "library/LateBinding.h"
+#include "support/FakeReport.h"
 #include "support/MessageRecorder.h"
+#include "support/SmallFileSystem.h"
 #include "support/StoreFixture.h"
 
 #include <QFileInfo>
@@ -112,18 +114,58 @@ TEST_F(PrinterConfigurationsTest, PrintersAndTheConfigurationToUseFallBackToTheD
     EXPECT_EQ(store->GetPrinterForConfiguration("Invoice"), "Front Desk");
 }
 
-TEST_F(PrinterConfigurationsTest, AllAssignmentsReadAtOnceAgreeWithEachLookup)
+// Printers are assigned as the user names them: found in any case, replaced rather than
+// doubled, and read all at once as one by one.
+TEST_F(PrinterConfigurationsTest, AssignmentsAreFoundInAnyCaseAndReplacedRatherThanDoubled)
 {
-    assign("Letter", "Office Laser");
-    assign("LETTER", "Front Desk"); // the same name
-    assign("a/b", "Plotter");
     assign("(Default)", "Front Desk");
+    assign("Letter", "Office-Laser");
+    assign("Plain", "Label-Printer");
+    assign("a/b", "Plotter");
+    host.writeUserFile(QStringLiteral("Plain.pcx"), configurationXml("<PaperSize>5</PaperSize>"));
+
+    const std::pair<const char *, const char *> lookups[] = {
+        {"Letter", "Office-Laser"}, {"LETTER", "Office-Laser"},  {"letter", "Office-Laser"},
+        {"pLAIN", "Label-Printer"}, {"(DEFAULT)", "Front Desk"}, {"Legal", "Front Desk"}};
+    for (const auto &[name, printer] : lookups)
+        EXPECT_EQ(store->GetPrinterForConfiguration(name), printer) << name;
+    EXPECT_EQ(store->GetPrinterConfigurationToUse(QStringLiteral("LETTER")), "LETTER");
+
+    assign("letter", "Label-Printer");
+    EXPECT_EQ(store->GetPrinterForConfiguration(QStringLiteral("Letter")), "Label-Printer");
+    const QByteArray registry = readFile(RegistryFile());
+    EXPECT_EQ(registry.count("etter="), 1) << registry.constData();
+    EXPECT_TRUE(registry.contains("\nLetter=Label-Printer\n")) << registry.constData();
+
     const QHash<QString, QString> printers = store->printerAssignments();
-    EXPECT_EQ(printers.size(), 3);
+    EXPECT_EQ(printers.size(), 4);
     for (const char *name : {"letter", "A/B", "(Default)", "Legal"})
         EXPECT_EQ(printers.value(QString::fromLatin1(name).toCaseFolded()),
                   store->GetPrinterForConfiguration(QString::fromLatin1(name), true))
             << name;
+
+    FakeReport report;
+    store->SetupPageFromPrinterConfiguration(QStringLiteral("PLAIN"), &report);
+    ASSERT_FALSE(report.writes.isEmpty());
+    EXPECT_EQ(report.writes.first(), "Printer.DeviceName=Label-Printer");
+    EXPECT_TRUE(report.writes.contains("PageSettings.PaperSize=5"));
+}
+
+TEST_F(PrinterConfigurationsTest, AFullDiskKeepsEveryEarlierAssignment)
+{
+    SmallFileSystem fs(256 * 1024);
+    REQUIRE_SMALL_FILE_SYSTEM(fs);
+    SetRegistryFile(fs.filePath(QStringLiteral("HKEY_CURRENT_USER.ini")));
+    for (int i = 0; i < 50; ++i)
+        assign(QStringLiteral("Configuration %1").arg(i), QStringLiteral("Printer %1").arg(i));
+    fs.fill();
+
+    assign("Configuration 0", "Another printer");
+    assign("New one", "Office-Laser");
+    for (int i = 0; i < 50; ++i)
+        EXPECT_EQ(store->GetPrinterForConfiguration(QStringLiteral("Configuration %1").arg(i)),
+                  QStringLiteral("Printer %1").arg(i));
+    EXPECT_EQ(store->GetPrinterForConfiguration(QStringLiteral("New one"), true), "");
 }
 
 TEST_F(PrinterConfigurationsTest, VerificationNeedsAPrinterOfEachConfigurationsOwn)
