@@ -4,6 +4,7 @@
 
 #include "printing/PrinterCheck.h"
 
+#include <QHash>
 #include <functional>
 #include <gtest/gtest.h>
 
@@ -35,10 +36,32 @@ PageSetup letter()
     return setup;
 }
 
-PageSetup with(const std::function<void(PageSetup &)> &change)
+// Letter changed by "Field=value" words (lengths in inches), "Landscape" and "Mirrored".
+PageSetup with(const char *changes)
 {
     PageSetup setup = letter();
-    change(setup);
+    const QHash<QString, QString PageSetup::*> lengths = {
+        {"Top", &PageSetup::topMargin},           {"Bottom", &PageSetup::bottomMargin},
+        {"Left", &PageSetup::leftMargin},         {"Right", &PageSetup::rightMargin},
+        {"Gutter", &PageSetup::gutter},           {"PaperWidth", &PageSetup::paperWidth},
+        {"PaperHeight", &PageSetup::paperHeight}, {"Columns", &PageSetup::columnsPerSheet},
+        {"LabelWidth", &PageSetup::labelWidth},   {"LabelHeight", &PageSetup::labelHeight},
+        {"Gap", &PageSetup::horizontalGap}};
+    for (const QString &change : QString::fromLatin1(changes).split(u' ')) {
+        const QString field = change.section(u'=', 0, 0), value = change.section(u'=', 1);
+        if (field == u"Landscape")
+            setup.landscape = true;
+        else if (field == u"Mirrored")
+            setup.mirrorMargins = true;
+        else if (field == u"PaperSize")
+            setup.paperSize = value.toInt();
+        else if (field == u"PaperSource")
+            setup.paperSource = value.toInt();
+        else if (lengths.contains(field))
+            setup.*lengths.value(field) = value;
+        else
+            ADD_FAILURE() << "no field " << field.toStdString();
+    }
     return setup;
 }
 
@@ -54,21 +77,12 @@ PrinterPaper changed(const std::function<void(PrinterPaper &)> &change)
     return paper;
 }
 
-void margins(PageSetup &s, const char *top, const char *bottom, const char *left, const char *right)
+// Stopped, rejecting jobs and out of paper.
+PrinterPaper stopped()
 {
-    s.topMargin = QLatin1String(top);
-    s.bottomMargin = QLatin1String(bottom);
-    s.leftMargin = QLatin1String(left);
-    s.rightMargin = QLatin1String(right);
-}
-
-void labels(PageSetup &s, const char *columns, const char *width, const char *height,
-            const char *gap)
-{
-    s.columnsPerSheet = QLatin1String(columns);
-    s.labelWidth = QLatin1String(width);
-    s.labelHeight = QLatin1String(height);
-    s.horizontalGap = QLatin1String(gap);
+    return changed([](PrinterPaper &p) {
+        p.state = {true, true, false, {QStringLiteral("media-empty-error")}};
+    });
 }
 
 struct CheckCase {
@@ -88,164 +102,79 @@ TEST(PrinterCheck, EachRuleFiresAtItsBoundary)
         {"Fits", letter(), on(), {}},
         {"NoPrinter", letter(), {QString(), laser()}, {"no-printer"}},
         {"PrinterNotInstalled", letter(), on(std::nullopt), {"printer-missing"}},
-        {"TabloidNotOffered", with([](PageSetup &s) { s.paperSize = 3; }), on(), {paper}},
+        {"TabloidNotOffered", with("PaperSize=3"), on(), {paper}},
         // Not among the printer's sizes, but a custom sheet it takes.
-        {"LegalAsCustomSheet", with([](PageSetup &s) { s.paperSize = 5; }), on(), {}},
+        {"LegalAsCustomSheet", with("PaperSize=5"), on(), {}},
         // Letter Small is Letter's size: the printer's Letter prints it.
-        {"TwinOfLetter", with([](PageSetup &s) { s.paperSize = 2; }), on(), {}},
+        {"TwinOfLetter", with("PaperSize=2"), on(), {}},
         // Saved on another workstation as its code 300: found by its size as this one's 257.
-        {"OwnSizeUnderAnotherCode",
-         with([](PageSetup &s) {
-             s.paperSize = 300;
-             s.paperWidth = QStringLiteral("4");
-             s.paperHeight = QStringLiteral("6");
-         }),
-         on(),
-         {}},
-        {"CustomSizeInRange",
-         with([](PageSetup &s) {
-             s.paperSize = 300;
-             s.paperWidth = QStringLiteral("5");
-             s.paperHeight = QStringLiteral("14");
-         }),
-         on(),
-         {}},
-        {"CustomSizeTooLong",
-         with([](PageSetup &s) {
-             s.paperSize = 300;
-             s.paperWidth = QStringLiteral("5");
-             s.paperHeight = QStringLiteral("14.1");
-         }),
-         on(),
-         {paper}},
+        {"OwnSizeUnderAnotherCode", with("PaperSize=300 PaperWidth=4 PaperHeight=6"), on(), {}},
+        {"CustomSizeInRange", with("PaperSize=300 PaperWidth=5 PaperHeight=14"), on(), {}},
+        {"CustomSizeTooLong", with("PaperSize=300 PaperWidth=5 PaperHeight=14.1"), on(), {paper}},
         {"CustomSizeWithoutCustomSheets",
-         with([](PageSetup &s) {
-             s.paperSize = 300;
-             s.paperWidth = QStringLiteral("5");
-             s.paperHeight = QStringLiteral("7");
-         }),
+         with("PaperSize=300 PaperWidth=5 PaperHeight=7"),
          on(changed([](PrinterPaper &p) { p.customMinTwips = p.customMaxTwips = QSize(); })),
          {paper}},
-        {"EnvelopeBinMissing",
-         with([](PageSetup &s) { s.paperSource = 5; }),
-         on(),
-         {"bin-not-offered"}},
+        {"EnvelopeBinMissing", with("PaperSource=5"), on(), {"bin-not-offered"}},
         // Portrait: every edge against its own hardware margin, exactly at it is enough.
-        {"AtEveryHardwareMargin",
-         with([](PageSetup &s) { margins(s, ".25", ".5", ".125", ".375"); }),
-         on(),
-         {}},
+        {"AtEveryHardwareMargin", with("Top=.25 Bottom=.5 Left=.125 Right=.375"), on(), {}},
         {"BelowEveryHardwareMargin",
-         with([](PageSetup &s) { margins(s, ".24", ".49", ".12", ".37"); }),
+         with("Top=.24 Bottom=.49 Left=.12 Right=.37"),
          on(),
          {tooNear},
          {"bottom", "left", "right", "top"}},
         // Landscape: the paper's top edge is on the left, its right edge on top, and so on.
         {"LandscapeAtTurnedMargins",
-         with([](PageSetup &s) {
-             s.landscape = true;
-             margins(s, ".375", ".125", ".25", ".5");
-         }),
+         with("Landscape Top=.375 Bottom=.125 Left=.25 Right=.5"),
          on(),
          {}},
         {"LandscapeBelowTurnedMargins",
-         with([](PageSetup &s) {
-             s.landscape = true;
-             margins(s, ".37", ".12", ".24", ".49");
-         }),
+         with("Landscape Top=.37 Bottom=.12 Left=.24 Right=.49"),
          on(),
          {tooNear},
          {"bottom", "left", "right", "top"}},
         // The gutter widens the left margin, the binding edge.
-        {"GutterMakesUpTheLeftMargin",
-         with([](PageSetup &s) {
-             s.leftMargin = QStringLiteral(".1");
-             s.gutter = QStringLiteral(".025");
-         }),
-         on(),
-         {}},
-        {"GutterDoesNotHelpTheRight",
-         with([](PageSetup &s) {
-             s.rightMargin = QStringLiteral(".3");
-             s.gutter = QStringLiteral(".1");
-         }),
-         on(),
-         {tooNear},
-         {"right"}},
+        {"GutterMakesUpTheLeftMargin", with("Left=.1 Gutter=.025"), on(), {}},
+        {"GutterDoesNotHelpTheRight", with("Right=.3 Gutter=.1"), on(), {tooNear}, {"right"}},
         // Mirrored, even pages put the left margin on the right edge.
         {"MirroredLeftMarginOnTheRight",
-         with([](PageSetup &s) {
-             s.mirrorMargins = true;
-             s.leftMargin = QStringLiteral(".2");
-             s.rightMargin = QStringLiteral(".5");
-         }),
+         with("Mirrored Left=.2 Right=.5"),
          on(),
          {tooNear},
          {"right"}},
-        {"MirroredGutterOnTheRight",
-         with([](PageSetup &s) {
-             s.mirrorMargins = true;
-             s.leftMargin = QStringLiteral(".275");
-             s.gutter = QStringLiteral(".1");
-             s.rightMargin = QStringLiteral(".5");
-         }),
-         on(),
-         {}},
+        {"MirroredGutterOnTheRight", with("Mirrored Left=.275 Gutter=.1 Right=.5"), on(), {}},
         // Three columns of 2.5 in with their gaps and margins fill Letter exactly.
         {"LabelsFitExactly",
-         with([](PageSetup &s) {
-             margins(s, ".5", ".5", ".25", ".5");
-             labels(s, "3", "2.5", "10", ".125");
-         }),
+         with(
+             "Top=.5 Bottom=.5 Left=.25 Right=.5 Columns=3 LabelWidth=2.5 LabelHeight=10 Gap=.125"),
          on(),
          {}},
         {"LabelsTooWide",
-         with([](PageSetup &s) {
-             margins(s, ".5", ".5", ".25", ".5");
-             labels(s, "3", "2.51", "1", ".125");
-         }),
+         with(
+             "Top=.5 Bottom=.5 Left=.25 Right=.5 Columns=3 LabelWidth=2.51 LabelHeight=1 Gap=.125"),
          on(),
          {labelsOver}},
         {"LabelTooTall",
-         with([](PageSetup &s) {
-             margins(s, ".5", ".5", ".25", ".5");
-             labels(s, "1", "2", "10.01", ".125");
-         }),
+         with("Top=.5 Bottom=.5 Left=.25 Right=.5 Columns=1 LabelWidth=2 LabelHeight=10.01 "
+              "Gap=.125"),
          on(),
          {labelsOver}},
         // Label fields as every configuration has them are not a label sheet.
-        {"DefaultLabelFieldsUnchecked",
-         with([](PageSetup &s) { margins(s, "1", "1", "4", "4"); }),
-         on(),
-         {}},
+        {"DefaultLabelFieldsUnchecked", with("Top=1 Bottom=1 Left=4 Right=4"), on(), {}},
         {"LabelsAcrossLandscape",
-         with([](PageSetup &s) {
-             s.landscape = true;
-             margins(s, ".5", ".5", ".5", ".5");
-             labels(s, "3", "3", "1", "0");
-         }),
+         with("Landscape Top=.5 Bottom=.5 Left=.5 Right=.5 Columns=3 LabelWidth=3 LabelHeight=1 "
+              "Gap=0"),
          on(),
          {}},
         {"SameLabelsPortrait",
-         with([](PageSetup &s) {
-             margins(s, ".5", ".5", ".5", ".5");
-             labels(s, "3", "3", "1", "0");
-         }),
+         with("Top=.5 Bottom=.5 Left=.5 Right=.5 Columns=3 LabelWidth=3 LabelHeight=1 Gap=0"),
          on(),
          {labelsOver}},
         {"PrinterNotReady",
          letter(),
-         on(changed([](PrinterPaper &p) {
-             p.state = {true, true, false, {QStringLiteral("media-empty-error")}};
-         })),
+         on(stopped()),
          {"printer-stopped", "printer-not-accepting", "printer-attention"}},
-        {"StateLeftOut",
-         letter(),
-         on(changed([](PrinterPaper &p) {
-                p.state = {true, true, false, {QStringLiteral("media-empty-error")}};
-            }),
-            false),
-         {}},
+        {"StateLeftOut", letter(), on(stopped(), false), {}},
     };
     for (const CheckCase &c : cases) {
         SCOPED_TRACE(c.name);
