@@ -188,8 +188,17 @@ TEST_P(RealPpdQueueTest, BothReadingsPrintTheSameSheetForACode)
 INSTANTIATE_TEST_SUITE_P(Sandbox, RealPpdQueueTest, ::testing::ValuesIn(RealQueues),
                          [](const auto &info) { return QueueTestName(info.param); });
 
+// 0 stands for a printer's own code (256 and up).
+void expectCode(int code, int expected)
+{
+    if (expected == 0)
+        EXPECT_GE(code, FirstPrinterPaperCode);
+    else
+        EXPECT_EQ(code, expected);
+}
+
 // Standard codes on the real queues: sizes by their dimensions whatever the driver calls
-// them, bins by the drivers' spellings. 0 here stands for a printer's own code (256 and up).
+// them, bins by the drivers' spellings.
 TEST(RealPpdCodesTest, StandardSheetsAndBinsHaveTheirWindowsCodes)
 {
     SKIP_WITHOUT_CUPSD();
@@ -241,6 +250,7 @@ TEST(RealPpdCodesTest, StandardSheetsAndBinsHaveTheirWindowsCodes)
     };
     std::unique_ptr<PrinterInfo> info = CreateSystemPrinterInfo();
     for (const auto &c : cases) {
+        SCOPED_TRACE(std::string(c.queue) + " " + c.name);
         const PrinterPaper paper = info->paper(QString::fromUtf8(c.queue));
         if (paper.sizes.isEmpty())
             continue;              // not in the sandbox
@@ -252,50 +262,8 @@ TEST(RealPpdCodesTest, StandardSheetsAndBinsHaveTheirWindowsCodes)
             if (c.kind == Bin && !codes.contains(bin.name))
                 codes.insert(bin.name, bin.code);
         const int code = codes.value(QString::fromUtf8(c.name), -1);
-        ASSERT_NE(code, -1) << c.queue << " " << c.name;
-        if (c.code == 0)
-            EXPECT_GE(code, 256) << c.queue << " " << c.name;
-        else
-            EXPECT_EQ(code, c.code) << c.queue << " " << c.name;
-    }
-}
-
-// Standard sheets by the IPP names a client without the PPD reads: the bordered sheet
-// takes the code and its borderless twin a printer's own; 0 stands for a printer's own code.
-TEST(RealPpdCodesTest, DriverlessSheetsHaveTheirWindowsCodes)
-{
-    SKIP_WITHOUT_CUPSD();
-    const struct {
-        const char *queue, *keyword;
-        bool borderless;
-        int code;
-    } cases[] = {
-        {"Real-HP-DesignJet-Z6dr", "iso_a4_210x297mm", false, 9},
-        {"Real-HP-DesignJet-Z6dr", "iso_a4_210x297mm_borderless", true, 0},
-        {"Real-HP-DesignJet-Z6dr", "na_letter_8.5x11in", false, 1},
-        {"Real-HP-DesignJet-Z6dr", "na_letter_8.5x11in_borderless", true, 0},
-        {"Real-HP-DesignJet-Z6dr", "iso_b4_250x353mm", false, 42},
-        {"Real-HP-DesignJet-Z6dr", "jis_b4_257x364mm", false, 12},
-        {"Real-HP-LaserJet-5200", "jis_b4_257x364mm", false, 12},
-        {"Real-HP-LaserJet-5200", "na_ledger_11x17in", false, 3},
-        {"Real-Kyocera-FS-1000-de", "iso_a5_148x210mm", false, 11},
-        {"Real-HP-LaserJet-4250", "iso_b5_176x250mm", false, 34},
-    };
-    for (const auto &c : cases) {
-        const CupsQueue read = ReadCupsQueue(QString::fromUtf8(c.queue),
-                                             CupsQueueSource::PrinterAttributes);
-        if (!read.found)
-            continue; // not in the sandbox
-        const auto size = std::find_if(read.sizes.begin(), read.sizes.end(),
-                                       [&](const CupsPaperSize &s) {
-                                           return s.keyword == QLatin1String(c.keyword)
-                                                  && s.unprintable.isNull() == c.borderless;
-                                       });
-        ASSERT_NE(size, read.sizes.end()) << c.queue << " " << c.keyword;
-        if (c.code == 0)
-            EXPECT_GE(size->code, 256) << c.queue << " " << c.keyword;
-        else
-            EXPECT_EQ(size->code, c.code) << c.queue << " " << c.keyword;
+        ASSERT_NE(code, -1);
+        expectCode(code, c.code);
     }
 }
 
@@ -316,41 +284,62 @@ TEST(RealPpdCodesTest, DriverlessDefaultsAreThePrintersOwn)
     EXPECT_EQ(chosen.defaultSizeCode, 1);
 }
 
-// The same codes for a printer read without its PPD, by the IPP names the server gives its
-// sources ("tray-1-man"); 0 again stands for a printer's own code.
-TEST(RealPpdCodesTest, DriverlessSourcesHaveTheirWindowsCodes)
+// The same codes for a client without the PPD, by the IPP names the server gives the
+// sheets and sources ("tray-1-man"): the bordered sheet takes the code and its borderless
+// twin a printer's own.
+TEST(RealPpdCodesTest, DriverlessSheetsAndSourcesHaveTheirWindowsCodes)
 {
     SKIP_WITHOUT_CUPSD();
+    enum Kind { Size, Bin };
     const struct {
-        const char *queue, *keyword;
+        const char *queue;
+        Kind kind;
+        const char *keyword;
         int code;
     } cases[] = {
-        {"Real-HP-LaserJet-4250", "tray-1-man", 4},
-        {"Real-HP-LaserJet-4250", "envelope-feeder", 5},
-        {"Real-HP-LaserJet-4250", "auto", 7},
-        {"Real-HP-LaserJet-4250", "tray-1", 0},
-        {"Real-Lexmark-C540", "manual-paper", 4},
-        {"Real-Lexmark-C540", "by-pass-tray", 0}, // not manual beside a manual bin
-        {"Real-Lexmark-C540", "manual-env", 6},
-        {"Real-Kyocera-FS-1000-de", "mf", 4},
-        {"Real-Kyocera-FS-1000-de", "mf-1", 0}, // the multi-purpose tray beside it
-        {"Real-HP-DesignJet-4000", "main-roll", 8},
-        {"Real-HP-DesignJet-Z6dr", "manual-feed", 4},
-        {"Real-DYMO-LabelWriter-450", "", 7}, // no sources: the bin a job without one takes
+        {"Real-HP-DesignJet-Z6dr", Size, "iso_a4_210x297mm", 9},
+        {"Real-HP-DesignJet-Z6dr", Size, "iso_a4_210x297mm_borderless", 0},
+        {"Real-HP-DesignJet-Z6dr", Size, "na_letter_8.5x11in", 1},
+        {"Real-HP-DesignJet-Z6dr", Size, "na_letter_8.5x11in_borderless", 0},
+        {"Real-HP-DesignJet-Z6dr", Size, "iso_b4_250x353mm", 42},
+        {"Real-HP-DesignJet-Z6dr", Size, "jis_b4_257x364mm", 12},
+        {"Real-HP-LaserJet-5200", Size, "jis_b4_257x364mm", 12},
+        {"Real-HP-LaserJet-5200", Size, "na_ledger_11x17in", 3},
+        {"Real-Kyocera-FS-1000-de", Size, "iso_a5_148x210mm", 11},
+        {"Real-HP-LaserJet-4250", Size, "iso_b5_176x250mm", 34},
+        {"Real-HP-LaserJet-4250", Bin, "tray-1-man", 4},
+        {"Real-HP-LaserJet-4250", Bin, "envelope-feeder", 5},
+        {"Real-HP-LaserJet-4250", Bin, "auto", 7},
+        {"Real-HP-LaserJet-4250", Bin, "tray-1", 0},
+        {"Real-Lexmark-C540", Bin, "manual-paper", 4},
+        {"Real-Lexmark-C540", Bin, "by-pass-tray", 0}, // not manual beside a manual bin
+        {"Real-Lexmark-C540", Bin, "manual-env", 6},
+        {"Real-Kyocera-FS-1000-de", Bin, "mf", 4},
+        {"Real-Kyocera-FS-1000-de", Bin, "mf-1", 0}, // the multi-purpose tray beside it
+        {"Real-HP-DesignJet-4000", Bin, "main-roll", 8},
+        {"Real-HP-DesignJet-Z6dr", Bin, "manual-feed", 4},
+        {"Real-DYMO-LabelWriter-450", Bin, "", 7}, // no sources: the bin a job without one takes
     };
     for (const auto &c : cases) {
+        SCOPED_TRACE(std::string(c.queue) + " " + c.keyword);
         const CupsQueue read = ReadCupsQueue(QString::fromUtf8(c.queue),
                                              CupsQueueSource::PrinterAttributes);
         if (!read.found)
             continue; // not in the sandbox
-        const auto bin = std::find_if(
-            read.bins.begin(), read.bins.end(),
-            [&](const CupsPaperBin &b) { return b.keyword == QLatin1String(c.keyword); });
-        ASSERT_NE(bin, read.bins.end()) << c.queue << " " << c.keyword;
-        if (c.code == 0)
-            EXPECT_GE(bin->code, 256) << c.queue << " " << c.keyword;
-        else
-            EXPECT_EQ(bin->code, c.code) << c.queue << " " << c.keyword;
+        const QString keyword = QString::fromUtf8(c.keyword);
+        int code = -1;
+        if (c.kind == Size) {
+            // A borderless sheet is one without unprintable margins.
+            const bool borderless = keyword.endsWith(QLatin1String("_borderless"));
+            for (const CupsPaperSize &size : read.sizes)
+                if (code < 0 && size.keyword == keyword && size.unprintable.isNull() == borderless)
+                    code = size.code;
+        }
+        for (const CupsPaperBin &bin : read.bins)
+            if (c.kind == Bin && code < 0 && bin.keyword == keyword)
+                code = bin.code;
+        ASSERT_NE(code, -1);
+        expectCode(code, c.code);
     }
 }
 
