@@ -240,33 +240,22 @@ QString fieldText(QWidget *dialog, const char *name)
     return dialog->findChild<QLineEdit *>(QLatin1String(name))->text();
 }
 
-TEST_F(FiltersDialog, CustomRangeForANamedRangeStartsAtTodayAndSurvivesCancelOrTheCloseBox)
+// A named range opens the custom range dialog at today, a custom one at its own dates; Cancel
+// and the close box keep what the row had, OK takes the confirmed dates.
+TEST_F(FiltersDialog, TheCustomRangeDialogStartsFromTheRowAndOnlyOkChangesIt)
 {
-    QString start, end, named, custom;
+    QString namedStart, namedEnd, named, closed, customStart, customEnd, custom;
     EXPECT_TRUE(runThenOk([&](QWidget *dialog) {
         named = chooseCustomRange(dialog, OrderDate, [&](QWidget *range) {
-            start = fieldText(range, "txtStartDate");
-            end = fieldText(range, "txtEndDate");
+            namedStart = fieldText(range, "txtStartDate");
+            namedEnd = fieldText(range, "txtEndDate");
             test::SaveScreenshot(range, QStringLiteral("frmCustomDateRange-from-filters"));
             click(range, "cmdCancel");
         });
-        custom = chooseCustomRange(dialog, ShipDate, [](QWidget *range) { range->close(); });
-    }));
-    EXPECT_EQ(start, todayInField);
-    EXPECT_EQ(end, todayInField);
-    const QString todayToToday = CustomDateRangeText(QDate::currentDate(), QDate::currentDate());
-    EXPECT_EQ(named, todayToToday);
-    EXPECT_EQ(value("OrderDate"), todayToToday);
-    EXPECT_EQ(custom, "Custom Date Range : 3/1/2024 to 3/31/2024");
-}
-
-TEST_F(FiltersDialog, CustomRangeChosenAgainKeepsItsDatesAndTakesTheConfirmedOnes)
-{
-    QString start, end, after;
-    EXPECT_TRUE(runThenOk([&](QWidget *dialog) {
-        after = chooseCustomRange(dialog, ShipDate, [&](QWidget *range) {
-            start = fieldText(range, "txtStartDate");
-            end = fieldText(range, "txtEndDate");
+        closed = chooseCustomRange(dialog, ShipDate, [](QWidget *range) { range->close(); });
+        custom = chooseCustomRange(dialog, ShipDate, [&](QWidget *range) {
+            customStart = fieldText(range, "txtStartDate");
+            customEnd = fieldText(range, "txtEndDate");
             auto *endField = range->findChild<QLineEdit *>("txtEndDate");
             endField->selectAll();
             QTest::keyClick(endField, Qt::Key_Delete);
@@ -275,9 +264,15 @@ TEST_F(FiltersDialog, CustomRangeChosenAgainKeepsItsDatesAndTakesTheConfirmedOne
             click(range, "cmdOK");
         });
     }));
-    EXPECT_EQ(start, "03/01/2024");
-    EXPECT_EQ(end, "03/31/2024");
-    EXPECT_EQ(after, "Custom Date Range : 3/1/2024 to 4/15/2024");
+    EXPECT_EQ(namedStart, todayInField);
+    EXPECT_EQ(namedEnd, todayInField);
+    const QString todayToToday = CustomDateRangeText(QDate::currentDate(), QDate::currentDate());
+    EXPECT_EQ(named, todayToToday);
+    EXPECT_EQ(value("OrderDate"), todayToToday);
+    EXPECT_EQ(closed, "Custom Date Range : 3/1/2024 to 3/31/2024");
+    EXPECT_EQ(customStart, "03/01/2024");
+    EXPECT_EQ(customEnd, "03/31/2024");
+    EXPECT_EQ(custom, "Custom Date Range : 3/1/2024 to 4/15/2024");
     EXPECT_EQ(value("ShipDate"), "Custom Date Range : 3/1/2024 to 4/15/2024");
 }
 
