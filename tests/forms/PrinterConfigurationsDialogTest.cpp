@@ -154,7 +154,7 @@ TEST_F(PrinterConfigurationsDialog, RenamingMovesTheFileAndItsPrinterOrRefusesAn
     MessageRecorder messages;
     const QString systemFolder = host.systemFolder() + QLatin1Char('/');
     run([&](QWidget *d) {
-        // Refused names: the cell keeps its name and no file moves.
+        // Refused names, one of each kind: the cell keeps its name and no file moves.
         const std::pair<const char *, QString> refused[] = {
             {"Invoice", "The printer configuration cannot be renamed becuase a printer "
                         "configuration with the name '"
@@ -162,9 +162,6 @@ TEST_F(PrinterConfigurationsDialog, RenamingMovesTheFileAndItsPrinterOrRefusesAn
             {"../x", "The printer configuration cannot be renamed to '../x' because a name cannot "
                      "contain any of "
                      "these characters: \\ / : * ? \" < > |"},
-            {"a/b", "The printer configuration cannot be renamed to 'a/b' because a name cannot "
-                    "contain any of these "
-                    "characters: \\ / : * ? \" < > |"},
             {"   ", "The printer configuration must have a name."},
             {"LPT1", "The printer configuration cannot be renamed to 'LPT1' because that name is "
                      "reserved by the "
