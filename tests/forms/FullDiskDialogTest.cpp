@@ -1,5 +1,6 @@
 // OK in a dialog on a truly full disk: the file keeps every old byte, the user is told which
-// file could not be saved and why, and the dialog still closes with its usual result.
+// file could not be saved and why, and the dialog still closes with its usual result. How
+// much room is left and how large the file is are the whole-file writer's tests' concern.
 
 #include "layout/ReportLayout.h"
 #include "library/Library.h"
@@ -14,7 +15,6 @@
 
 #include <QDir>
 #include <QPushButton>
-#include <QTreeWidget>
 #include <gtest/gtest.h>
 
 namespace bravcpl5 {
@@ -29,44 +29,6 @@ QByteArray configurationOfSize(qint64 size)
                + "\" width=\"1\"/>\n";
     return xml + "  </Fields>\n</Report>\n";
 }
-
-using test::FullDiskCase;
-using FullDiskDialog = test::FullDiskTest; // `size`: the old configuration's; `fits`: it is saved
-
-TEST_P(FullDiskDialog, FieldsOkKeepsTheOldFileWhole)
-{
-    const FullDiskCase c = GetParam();
-    test::SmallFileSystem fs(256 * 1024);
-    REQUIRE_SMALL_FILE_SYSTEM(fs);
-    test::TestHost host;
-    Library library;
-    library.Initialize(&host);
-    const QByteArray old = configurationOfSize(c.size);
-    const QString file = test::writeFile(fs.filePath(QStringLiteral("Orders.rpx")), old);
-    fs.fill(c.roomLeft);
-
-    test::WhenModal(QStringLiteral("frmGeneralReportFields"), [](QWidget *dialog) {
-        test::TypeIntoCell(dialog->findChild<QTreeWidget *>("rptItems"), 0, 1, QStringLiteral("3"));
-        dialog->findChild<QPushButton *>(QStringLiteral("cmdOK"))->click();
-    });
-    test::MessageRecorder messages;
-    EXPECT_TRUE(library.ShowGeneralReportFields(file));
-    const QByteArray now = test::readFile(file);
-    if (c.fits)
-        EXPECT_TRUE(now.contains("size=\"3\""));
-    else
-        EXPECT_EQ(now, old);
-    EXPECT_EQ(messages.texts().size(), c.fits ? 0 : 1);
-    library.PreTerminate();
-}
-
-INSTANTIATE_TEST_SUITE_P(Table, FullDiskDialog,
-                         ::testing::Values(FullDiskCase{"ThreeKiB_NoRoom", 3 * 1024, 0, false},
-                                           FullDiskCase{"TenKiB_NoRoom", 10 * 1024, 0, false},
-                                           FullDiskCase{"TenKiB_SomeRoom", 10 * 1024, 4096, false},
-                                           FullDiskCase{"ThreeKiB_RoomEnough", 3 * 1024, 32 * 1024,
-                                                        true}),
-                         test::FullDiskCaseName);
 
 // Every dialog that saves a file, confirmed with OK on a full disk.
 TEST(FullDiskDialogs, EveryOkKeepsTheOldFileAndNamesIt)

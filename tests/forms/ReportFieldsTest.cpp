@@ -198,25 +198,5 @@ TEST_F(FieldsDialog, OpensWithTwelveFieldsInViewWithoutScrolling)
     }
 }
 
-TEST_F(FieldsDialog, RemembersItsPlaceAndSizeUnderItsFormName)
-{
-    run(
-        file,
-        [](QWidget *dialog) {
-            dialog->setGeometry(120, 90, 500, 380);
-            dialog->move(120, 90);
-        },
-        "cmdCancel");
-    const QString record = GetRegValue(HKEY_CURRENT_USER_HANDLE,
-                                       QString::fromLatin1(WindowPositionsKey),
-                                       QStringLiteral("frmGeneralReportFields"), QString());
-    EXPECT_EQ(record.split(',').size(), 4) << record.toStdString();
-    QRect reopened;
-    run(
-        file, [&](QWidget *dialog) { reopened = QRect(dialog->pos(), dialog->size()); },
-        "cmdCancel");
-    EXPECT_EQ(reopened, QRect(120, 90, 500, 380));
-}
-
 } // namespace
 } // namespace bravcpl5
