@@ -122,7 +122,7 @@ protected:
     QTreeWidget *list = nullptr;
 };
 
-TEST_F(SampleHostWindow, MarksAndNamesAReportItsPrinterCannotPrint)
+TEST_F(SampleHostWindow, MarksNamesAndAsksBeforePrintingAReportItsPrinterCannotPrint)
 {
     const int labels = rowOf(QStringLiteral("Product Labels"));
     const int quote = rowOf(QStringLiteral("Customer Quote"));
@@ -138,17 +138,13 @@ TEST_F(SampleHostWindow, MarksAndNamesAReportItsPrinterCannotPrint)
     EXPECT_EQ(list->topLevelItem(quote)->toolTip(printerColumn), QString());
 
     window->show();
+    window->selectReport(quote);
+    EXPECT_EQ(statusLine(), "Every printer configuration has a printer of its own.");
     window->selectReport(labels);
     EXPECT_EQ(statusLine(), "Product Labels cannot be printed as configured: "
                             "Letter / ANSI A (8.5 x 11 in) is not a paper size of Labels; "
                             "The Automatic bin (7) is not a paper source of Labels");
-    window->selectReport(quote);
-    EXPECT_EQ(statusLine(), "Every printer configuration has a printer of its own.");
-}
 
-TEST_F(SampleHostWindow, PrintingAReportItsPrinterCannotPrintAsksFirst)
-{
-    window->selectReport(rowOf(QStringLiteral("Product Labels")));
     QAction *print = action(QStringLiteral("&Print"));
     ASSERT_TRUE(print);
     MessageRecorder recorder({QMessageBox::No});
