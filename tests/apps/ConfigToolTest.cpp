@@ -58,9 +58,10 @@ protected:
             "<PaperHeight>6</PaperHeight></PageSetup></PrinterConfiguration>");
     }
 
+    QString path(const QString &name) const { return QDir(folder.path()).filePath(name); }
     void write(const QString &name, const QByteArray &content)
     {
-        QFile file(QDir(folder.path()).filePath(name));
+        QFile file(path(name));
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(content);
     }
@@ -70,7 +71,7 @@ protected:
     }
     QString registryFile(const QString &profile) const
     {
-        return QDir(folder.path()).filePath(profile + QStringLiteral(".ini"));
+        return path(profile + QStringLiteral(".ini"));
     }
 
     // `language` ("de_DE.UTF-8") runs the tool in LANG alone, as a user's session sets it.
@@ -84,10 +85,8 @@ protected:
             environment.remove(QStringLiteral("LC_MESSAGES"));
             environment.insert(QStringLiteral("LANG"), language);
         }
-        environment.insert(QStringLiteral("BRAVCPL5_SYSTEM_FOLDER"),
-                           QDir(folder.path()).filePath("system"));
-        environment.insert(QStringLiteral("BRAVCPL5_USER_FOLDER"),
-                           QDir(folder.path()).filePath("user"));
+        environment.insert(QStringLiteral("BRAVCPL5_SYSTEM_FOLDER"), path("system"));
+        environment.insert(QStringLiteral("BRAVCPL5_USER_FOLDER"), path("user"));
         environment.insert(QStringLiteral("BRAVCPL5_PROFILE"), profile);
         environment.insert(QStringLiteral("BRAVCPL5_REGISTRY"), registryFile(profile));
         for (const auto &[name, value] : std::as_const(extraEnvironment))
@@ -102,8 +101,6 @@ protected:
         result.err = QString::fromUtf8(tool.readAllStandardError());
         return result;
     }
-
-    QString path(const QString &name) const { return QDir(folder.path()).filePath(name); }
 
     // `arguments` run once `file` on `fs` is read-only, or its disk has `roomLeft` bytes left
     // (-1: read-only), fail, say each of `says` and leave every byte of the file.
@@ -175,7 +172,7 @@ TEST_F(ConfigTool, AssignmentsAreListedVerifiedAndCarriedToAnotherWorkstation)
     EXPECT_TRUE(show.out.contains("Paper source: Manual Feed (code 4)")) << show.out.toStdString();
 
     // Export here, import on a workstation that has nothing yet: the same assignments.
-    const QString exported = QDir(folder.path()).filePath("acme.json");
+    const QString exported = path("acme.json");
     EXPECT_EQ(run({"export", exported}).status, 0);
     EXPECT_EQ(run({"import", exported}, "Fresh").status, 0);
     EXPECT_EQ(run({"list", "--json"}, "Fresh").out, list.out);
@@ -674,18 +671,20 @@ TEST_F(LabelTool, ProductsAreFoundByBrandPartOrDescription)
         if (p.value("name").toString() == "Avery 5160")
             product = p;
     }
-    EXPECT_EQ(product.value("description").toString(), "Address Labels");
-    EXPECT_EQ(product.value("shape").toString(), "rectangle");
-    EXPECT_EQ(product.value("labelWidth").toDouble(), 2.625);
-    EXPECT_EQ(product.value("labelHeight").toDouble(), 1);
-    EXPECT_EQ(product.value("paperWidth").toDouble(), 8.5);
-    EXPECT_EQ(product.value("paperHeight").toDouble(), 11);
     EXPECT_TRUE(product.value("categories").toArray().contains(QJsonValue("mail")));
-    EXPECT_EQ(product.value("notRepresentable").toString(), "");
-    EXPECT_EQ(
-        product.value("layouts").toArray(),
-        QJsonArray({QJsonObject{
-            {"nx", 3}, {"ny", 10}, {"x0", 0.15625}, {"y0", 0.5}, {"dx", 2.78125}, {"dy", 1}}}));
+    const QJsonObject expected{
+        {"description", "Address Labels"},
+        {"shape", "rectangle"},
+        {"labelWidth", 2.625},
+        {"labelHeight", 1},
+        {"paperWidth", 8.5},
+        {"paperHeight", 11},
+        {"notRepresentable", ""},
+        {"layouts",
+         QJsonArray({QJsonObject{
+             {"nx", 3}, {"ny", 10}, {"x0", 0.15625}, {"y0", 0.5}, {"dx", 2.78125}, {"dy", 1}}})}};
+    for (auto field = expected.begin(); field != expected.end(); ++field)
+        EXPECT_EQ(product.value(field.key()), field.value()) << field.key().toStdString();
 }
 
 TEST_F(LabelTool, SetLabelWritesTheProductsSheetAndShowShowsIt)
