@@ -11,6 +11,7 @@
 #include "support/FreshHome.h"
 #include "support/SandboxCups.h"
 #include "support/SmallFileSystem.h"
+#include "support/StoreFixture.h"
 #include "support/TestHost.h"
 
 #include <QDir>
@@ -87,16 +88,12 @@ TEST(LabelSheet, LabelsFillTheSheetInThePrintingDirection)
 TEST(LabelSheet, GeometryIsReadFromTheConfigurationFile)
 {
     QTemporaryDir folder;
-    const QString file = QDir(folder.path()).filePath(QStringLiteral("Labels.pcx"));
-    QFile out(file);
-    ASSERT_TRUE(out.open(QIODevice::WriteOnly));
-    out.write(
-        "<PrinterConfiguration><PageSetup><TopMargin>.5</TopMargin><LeftMargin>.1875</LeftMargin>"
-        "<ColumnsPerSheet>2.6</ColumnsPerSheet><PrintDirection>1</PrintDirection>"
-        "<HorizontalGap>.125</HorizontalGap><LabelWidth>2.625</LabelWidth><LabelHeight>1</"
-        "LabelHeight>"
-        "</PageSetup></PrinterConfiguration>");
-    out.close();
+    const QString file = bravcpl5::test::writeFile(
+        QDir(folder.path()).filePath(QStringLiteral("Labels.pcx")),
+        bravcpl5::test::configurationXml(
+            "<TopMargin>.5</TopMargin><LeftMargin>.1875</LeftMargin><ColumnsPerSheet>2.6</"
+            "ColumnsPerSheet><PrintDirection>1</PrintDirection><HorizontalGap>.125</"
+            "HorizontalGap><LabelWidth>2.625</LabelWidth><LabelHeight>1</LabelHeight>"));
     const LabelGeometry g = ReadLabelGeometry(file);
     EXPECT_EQ(g.columns, 3); // rounded, as the dialog stores it
     EXPECT_EQ(g.direction, PrintDirection::DownThenAcross);
@@ -183,6 +180,13 @@ HostRun runSampleHost(const QDir &root, const QStringList &arguments = {})
             QString::fromUtf8(host.readAllStandardError())};
 }
 
+// The tour into `tour`, over the data folder `root`/data.
+HostRun runTour(const QDir &root, const QString &tour)
+{
+    return runSampleHost(root, {QStringLiteral("--data"), root.filePath(QStringLiteral("data")),
+                                QStringLiteral("--tour"), tour});
+}
+
 // Neither the configuration folder that HOME implies nor the one XDG_CONFIG_HOME names was
 // made: the registry file and the window's place stay in the data folder.
 void expectUsersSettingsUntouched(const QDir &root)
@@ -195,9 +199,7 @@ TEST(SampleHostTour, WritesEveryPictureAndReportQuietly)
 {
     QTemporaryDir folder;
     const QDir root(folder.path());
-    const HostRun run = runSampleHost(
-        root, {QStringLiteral("--data"), root.filePath(QStringLiteral("data")),
-               QStringLiteral("--tour"), root.filePath(QStringLiteral("tour"))});
+    const HostRun run = runTour(root, root.filePath(QStringLiteral("tour")));
     EXPECT_EQ(run.exitCode, 0);
     EXPECT_EQ(run.err, QString());
     EXPECT_EQ(run.out, "Screenshots and output: " + root.filePath(QStringLiteral("tour")) + '\n');
@@ -256,9 +258,7 @@ TEST(SampleHostTour, PrintsToFilesOnlyWhenPrintersAreAssigned)
     registry.close();
 
     const time_t started = time(nullptr) - 1;
-    const HostRun run = runSampleHost(
-        root, {QStringLiteral("--data"), root.filePath(QStringLiteral("data")),
-               QStringLiteral("--tour"), root.filePath(QStringLiteral("tour"))});
+    const HostRun run = runTour(root, root.filePath(QStringLiteral("tour")));
     EXPECT_EQ(run.exitCode, 0) << run.err.toStdString();
     // Other tests print to the same cupsd meanwhile; the sample host's jobs carry the names
     // of its documents.
@@ -300,9 +300,7 @@ TEST(SampleHostTour, ATourThatCannotWriteSaysSoAndAnnouncesNoOutput)
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(c.name);
-        const HostRun run = runSampleHost(root, {QStringLiteral("--data"),
-                                                 root.filePath(QStringLiteral("data")),
-                                                 QStringLiteral("--tour"), c.tour});
+        const HostRun run = runTour(root, c.tour);
         EXPECT_NE(run.exitCode, 0);
         EXPECT_EQ(run.out, QString());
         EXPECT_TRUE(run.err.contains(QLatin1String(c.says))) << run.err.toStdString();
